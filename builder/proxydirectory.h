@@ -1,0 +1,43 @@
+#pragma once
+
+#include "model/dockfolder.h"
+#include "platform/filesystem.h"
+
+#include <QHash>
+
+class Directories;
+
+/// The directory of all Dock proxy apps. One look at it costs one listing, one stat per bundle, and a
+/// read of each Info.plist that changed since the last look. Main thread.
+class ProxyDirectory {
+public:
+    /// A bundle in the directory, its extension exactly "app".
+    struct Entry {
+        FileURL url{};
+        std::optional<QUuid> folderID{}; ///< absent: not a Dock app of any folder
+    };
+
+    ProxyDirectory(const FileSystem &files, const Directories &directories);
+
+    /// "Nestlet" in the user's Applications directory.
+    [[nodiscard]] FileURL url() const;
+    /// All bundles in listing order; none when the directory cannot be listed.
+    [[nodiscard]] QList<Entry> entries() const;
+    /// The bundles of one folder, in listing order.
+    [[nodiscard]] QList<FileURL> installedProxyURLs(const QUuid &folderID) const;
+    /// The folders that have at least one bundle.
+    [[nodiscard]] QSet<QUuid> installedFolderIDs() const;
+    /// Where the folder's Dock app is to be made.
+    [[nodiscard]] FileURL proxyAppURL(const DockFolder &folder) const;
+
+private:
+    struct KnownBundle {
+        FileIdentity infoPlist{};
+        std::optional<QUuid> folderID{};
+    };
+    [[nodiscard]] std::optional<QUuid> folderIDOf(const FileURL &bundle) const;
+
+    const FileSystem &m_files;
+    const Directories &m_directories;
+    mutable QHash<FileURL, KnownBundle> m_known;
+};

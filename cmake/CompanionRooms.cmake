@@ -1,0 +1,59 @@
+# One target per room of the house. A room's headers can be found only by the targets that link it,
+# so that an include that goes the wrong way does not compile.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
+set(CMAKE_AUTOMOC ON)
+if(NOT CMAKE_BUILD_TYPE)
+  set(CMAKE_BUILD_TYPE Release)
+endif()
+
+find_program(CCACHE ccache)
+if(CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${CCACHE}")
+endif()
+
+# Compiler options and definitions of our own code, in one place.
+add_library(companion_options INTERFACE)
+target_compile_options(companion_options INTERFACE -Wall -Wextra -Wconversion -Wshadow -Werror)
+target_compile_definitions(companion_options INTERFACE
+  QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_KEYWORDS
+  QT_NO_CAST_FROM_BYTEARRAY QT_STRICT_ITERATORS QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  # GCC 12 reports uninitialised coroutine frames and string bounds that are not there.
+  target_compile_options(companion_options INTERFACE -fcoroutines -Wno-error=maybe-uninitialized
+    -Wno-error=stringop-overflow -Wno-error=stringop-overread -Wno-error=array-bounds
+    -Wno-error=restrict)
+endif()
+if(COMPANION_SANITIZE)
+  target_compile_options(companion_options INTERFACE
+    -fsanitize=${COMPANION_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+  target_link_options(companion_options INTERFACE -fsanitize=${COMPANION_SANITIZE})
+endif()
+
+# companion_room(<room> SOURCES ... [LINK ...] [PRIVATE_LINK ...])
+# Makes the static library companion_<room> from the files of this folder. Whoever links it can
+# include "<room>/file.h", through a folder that holds nothing but a link to this one.
+function(companion_room room)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINK;PRIVATE_LINK")
+  set(target companion_${room})
+  add_library(${target} STATIC ${arg_SOURCES})
+  companion_export_headers(${target} ${room})
+  target_link_libraries(${target} PUBLIC companion_options ${arg_LINK} PRIVATE ${arg_PRIVATE_LINK})
+endfunction()
+
+# Makes the headers of this folder known as "<room>/file.h" to those who link `target`.
+function(companion_export_headers target room)
+  set(include_dir "${CMAKE_BINARY_DIR}/rooms/${room}")
+  file(MAKE_DIRECTORY "${include_dir}")
+  file(CREATE_LINK "${CMAKE_CURRENT_SOURCE_DIR}" "${include_dir}/${room}" SYMBOLIC)
+  get_target_property(type ${target} TYPE)
+  if(type STREQUAL "INTERFACE_LIBRARY")
+    target_include_directories(${target} INTERFACE "${include_dir}")
+  else()
+    target_include_directories(${target} PUBLIC "${include_dir}")
+  endif()
+endfunction()

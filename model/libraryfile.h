@@ -1,0 +1,38 @@
+#pragma once
+
+#include "model/dockfolder.h"
+
+#include <memory>
+#include <optional>
+
+class Directories;
+class FileSystem;
+
+/// The library file that Nestlet and its Dock apps read too. It remembers, folder by folder, the bytes
+/// last read or written: a folder whose bytes did not change is shared, not decoded again, and one
+/// that did not change since it was last written is not encoded again. Main thread.
+class LibraryFile {
+public:
+    LibraryFile(const FileSystem &files, const Directories &directories);
+    ~LibraryFile();
+
+    /// "Nestlet.json" in `directory()`.
+    [[nodiscard]] FileURL url() const;
+    /// "Nestlet" in Application Support: the directory to watch.
+    [[nodiscard]] FileURL directory() const;
+
+    /// The folders in the file now; nothing when it cannot be read or decoded or holds no folder.
+    [[nodiscard]] std::optional<QList<DockFolder>> load();
+
+    /// Replaces the file, atomically. A file that was there and could not be decoded is kept first,
+    /// once per content, in "Nestlet Companion/Backups" in Application Support. Throws PlatformError;
+    /// the old file is then untouched.
+    void save(const DockFolderLibrary &library);
+
+    /// Removes the file and the backups. Errors are ignored.
+    void removeAll();
+
+private:
+    struct State;
+    std::unique_ptr<State> m_state;
+};

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <QString>
+#include <QUrl>
+
+#include <optional>
+
+/// A URL, nearly always of a file, that keeps the text it came with: percent escapes, decomposed
+/// accents and a trailing slash are written back as they were read. Everything that compares or shows
+/// a URL asks here. Two URLs are equal when their texts are.
+class FileURL {
+public:
+    FileURL() = default; ///< empty text; names nothing
+
+    /// The URL with that text, or nothing when the text is not a valid URL (see isURLText).
+    [[nodiscard]] static std::optional<FileURL> fromText(const QString &text);
+    /// For text that isURLText has already accepted.
+    [[nodiscard]] static FileURL fromValidText(const QString &text);
+    /// The URL of a file at an absolute path: no trailing slash.
+    [[nodiscard]] static FileURL file(const QString &path);
+    /// The URL of a directory at an absolute path: its text ends in a slash.
+    [[nodiscard]] static FileURL directory(const QString &path);
+
+    [[nodiscard]] const QString &text() const { return m_text; }
+    [[nodiscard]] QUrl toQUrl() const { return QUrl(m_text); }
+    [[nodiscard]] bool isFileURL() const;
+    [[nodiscard]] bool hasDirectoryPath() const;
+    /// The decoded path without a trailing slash ("/" alone keeps it).
+    [[nodiscard]] QString path() const;
+    /// `path` without dot segments and repeated slashes. Links are not followed.
+    [[nodiscard]] QString standardizedPath() const;
+    [[nodiscard]] QString lastPathComponent() const;
+    /// Without the dot; empty when there is none.
+    [[nodiscard]] QString pathExtension() const;
+    /// The last path component without its extension: what a user calls the file.
+    [[nodiscard]] QString displayName() const;
+
+    /// One more path component, which is escaped as needed.
+    [[nodiscard]] FileURL appendingFile(const QString &component) const;
+    [[nodiscard]] FileURL appendingDirectory(const QString &component) const;
+    [[nodiscard]] FileURL deletingLastPathComponent() const;
+
+    bool operator==(const FileURL &) const = default;
+
+private:
+    explicit FileURL(const QString &text)
+        : m_text(text)
+    {
+    }
+
+    QString m_text;
+};
+
+[[nodiscard]] size_t qHash(const FileURL &url, size_t seed = 0);
+
+/// Whether a text is a URL by RFC 3986's characters: not empty, only characters a URL may hold,
+/// every "%" followed by two hexadecimal digits, at most one "#".
+[[nodiscard]] bool isURLText(QByteArrayView text);
+
+/// An absolute path without "." and ".." segments, repeated and trailing slashes.
+[[nodiscard]] QString standardizedPath(const QString &path);

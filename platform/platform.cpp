@@ -1,0 +1,19 @@
+#include "platform/platform.h"
+
+#include "platform/bookmarks.h"
+#include "platform/clock.h"
+#include "platform/directories.h"
+#include "platform/directorywatcher.h"
+#include "platform/filesystem.h"
+#include "platform/mainbundle.h"
+#include "platform/processrunner.h"
+#include "platform/runningapplications.h"
+#include "platform/urlfetcher.h"
+#include "platform/userdefaults.h"
+#include "platform/workspace.h"
+
+// Here, where the interfaces are complete, so that users of the struct need only those they use.
+Platform::Platform() = default;
+Platform::~Platform() = default;
+Platform::Platform(Platform &&) noexcept = default;
+Platform &Platform::operator=(Platform &&) noexcept = default;

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QUrl>
+
+#include <memory>
+#include <optional>
+
+class Bookmarks;
+class Clock;
+class Directories;
+class DirectoryWatcher;
+class FileSystem;
+class MainBundle;
+class ProcessRunner;
+class RunningApplications;
+class URLFetcher;
+class UserDefaults;
+class Workspace;
+
+/// Everything that only the operating system can do, one interface per facility.
+struct Platform {
+    Platform();
+    ~Platform();
+    Platform(Platform &&) noexcept;
+    Platform &operator=(Platform &&) noexcept;
+
+    std::unique_ptr<Directories> directories;
+    std::unique_ptr<FileSystem> files;
+    std::unique_ptr<ProcessRunner> processes;
+    std::unique_ptr<Workspace> workspace;
+    std::unique_ptr<RunningApplications> applications;
+    std::unique_ptr<UserDefaults> standardDefaults;
+    std::unique_ptr<UserDefaults> dockDefaults; ///< the domain "com.apple.dock"
+    std::unique_ptr<DirectoryWatcher> watcher;
+    std::unique_ptr<Bookmarks> bookmarks;
+    std::unique_ptr<MainBundle> mainBundle;
+    std::unique_ptr<Clock> clock;
+    std::unique_ptr<URLFetcher> network;
+    std::optional<QUrl> updateFeed; ///< in place of the built-in one; a portable system only
+};
+
+/// The platform this program was built for. Needs the application object; main thread.
+[[nodiscard]] Platform makePlatform();
