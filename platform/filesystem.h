@@ -18,6 +18,13 @@ struct FileIdentity {
     bool operator==(const FileIdentity &) const = default;
 };
 
+/// One entry of a directory as a listing knows it, without a look at the file itself.
+struct DirectoryEntry {
+    QString name{};
+    bool isDirectory{}; ///< a link to one is none
+    bool operator==(const DirectoryEntry &) const = default;
+};
+
 /// The file manager. Failures are PlatformErrors that name the path and the system's reason. It has no
 /// state and may be used from any thread.
 class FileSystem {
@@ -32,6 +39,9 @@ public:
     /// The entries of one directory, hidden ones included, in the order in which the system lists
     /// them; directories (not links to them) as directory URLs.
     [[nodiscard]] virtual QList<FileURL> contents(const FileURL &directory) const = 0;
+    /// The entries of one directory less the hidden ones (a leading dot; what else the system hides),
+    /// in the order of the listing: the quick form for large folders.
+    [[nodiscard]] virtual QList<DirectoryEntry> visibleEntries(const FileURL &directory) const = 0;
     /// Nothing when there is no such file; the target of a link.
     [[nodiscard]] virtual std::optional<FileIdentity> identity(const FileURL &url) const = 0;
 
