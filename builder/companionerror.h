@@ -2,7 +2,8 @@
 
 #include "platform/error.h"
 
-/// What goes wrong between a folder and its Dock app. The kinds stand in the order of their messages.
+/// What goes wrong between a folder and its Dock app. The kinds stand in the order of their
+/// messages.
 class CompanionError final : public Error {
 public:
     enum class Kind {
