@@ -5,9 +5,10 @@
 class Directories;
 class FileSystem;
 class ProcessRunner;
+struct ProcessResult;
 
-/// The system's code-signing tool. Each call runs it once and waits. Throws CompanionError when the tool
-/// refuses and PlatformError when it cannot be run.
+/// The system's code-signing tool. Each call runs it once and waits. Throws CompanionError when the
+/// tool refuses and PlatformError when it cannot be run.
 class CodeSign {
 public:
     CodeSign(ProcessRunner &processes, const FileSystem &files, const Directories &directories);
@@ -20,6 +21,8 @@ public:
     void adHocSign(const FileURL &bundle) const;
 
 private:
+    [[nodiscard]] ProcessResult run(const QStringList &arguments) const;
+
     ProcessRunner &m_processes;
     const FileSystem &m_files;
     const Directories &m_directories;
