@@ -10,12 +10,17 @@ class FileSystem;
 /// "qx.Nestlet.folder." and the folder's UUID in lower case without hyphens.
 [[nodiscard]] QString proxyBundleIdentifier(const QUuid &folderID);
 
+/// "CFBundleIdentifier" of a bundle; nothing when it has none, or cannot be read.
+[[nodiscard]] std::optional<QString> bundleIdentifier(const FileURL &bundle,
+                                                      const FileSystem &files);
+
 /// The folder whose Dock app the bundle is; nothing when it is none, or cannot be read.
 [[nodiscard]] std::optional<QUuid> readFolderID(const FileURL &bundle, const FileSystem &files);
 
-/// Names the build of a template app: its version and its executable's modification time. Nothing when
-/// it has no readable Info.plist.
-[[nodiscard]] std::optional<QString> sourceStamp(const FileURL &templateApp, const FileSystem &files);
+/// Names the build of a template app: its version and its executable's modification time. Nothing
+/// when it has no readable Info.plist.
+[[nodiscard]] std::optional<QString> sourceStamp(const FileURL &templateApp,
+                                                 const FileSystem &files);
 
 /// Makes the Info.plist of a fresh copy of `templateApp` that of `folder`'s Dock app; keys that say
 /// nothing of the folder stay. Throws CompanionError or PlatformError.

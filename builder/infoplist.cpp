@@ -1,0 +1,132 @@
+#include "builder/infoplist.h"
+
+#include "builder/companionerror.h"
+#include "model/uuidtext.h"
+#include "platform/filesystem.h"
+#include "platform/propertylist.h"
+
+#include <QLocale>
+
+namespace {
+
+const QString bundleIdentifierKey = QStringLiteral("CFBundleIdentifier");
+const QString folderIDKey = QStringLiteral("DockFolderID");
+
+QVariant readInfoPlist(const FileURL &bundle, const FileSystem &files)
+{
+    const FileURL url = infoPlistURL(bundle);
+    return parsePropertyList(files.read(url), url.path());
+}
+
+std::optional<QVariantMap> asDictionary(const QVariant &value)
+{
+    if (value.typeId() != QMetaType::QVariantMap)
+        return std::nullopt;
+    return value.toMap();
+}
+
+std::optional<QVariantMap> readableInfoPlist(const FileURL &bundle, const FileSystem &files)
+{
+    std::optional<QVariantMap> dictionary;
+    ignoringErrors([&] { dictionary = asDictionary(readInfoPlist(bundle, files)); });
+    return dictionary;
+}
+
+std::optional<QString> stringValue(const QVariantMap &dictionary, const QString &key)
+{
+    const QVariant value = dictionary.value(key);
+    if (value.typeId() != QMetaType::QString)
+        return std::nullopt;
+    return value.toString();
+}
+
+std::optional<QString> readString(const FileURL &bundle, const QString &key,
+                                  const FileSystem &files)
+{
+    const auto dictionary = readableInfoPlist(bundle, files);
+    return dictionary ? stringValue(*dictionary, key) : std::nullopt;
+}
+
+FileURL executableURL(const FileURL &bundle, const QString &name)
+{
+    return bundle.appendingDirectory(QStringLiteral("Contents"))
+        .appendingDirectory(QStringLiteral("MacOS"))
+        .appendingFile(name);
+}
+
+// Seconds and fraction are converted apart: as one number of nanoseconds they exceed a double.
+double seconds(qint64 nanoseconds)
+{
+    constexpr qint64 second = 1'000'000'000;
+    return static_cast<double>(nanoseconds / second)
+        + static_cast<double>(nanoseconds % second) / static_cast<double>(second);
+}
+
+double buildTime(const FileURL &templateApp, const QString &executable, const FileSystem &files)
+{
+    auto identity = files.identity(executableURL(templateApp, executable));
+    if (!identity)
+        identity = files.identity(templateApp);
+    return identity ? seconds(identity->modificationNanoseconds) : 0;
+}
+
+// The shortest digits that read back as the same number, and always a fraction.
+QString shortestText(double number)
+{
+    const QString text = QString::number(number, 'f', QLocale::FloatingPointShortest);
+    return text.contains(u'.') ? text : text + QStringLiteral(".0");
+}
+
+} // namespace
+
+FileURL infoPlistURL(const FileURL &bundle)
+{
+    return bundle.appendingFile(QStringLiteral("Contents/Info.plist"));
+}
+
+QString proxyBundleIdentifier(const QUuid &folderID)
+{
+    return QStringLiteral("qx.Nestlet.folder.") + folderID.toString(QUuid::Id128);
+}
+
+std::optional<QString> bundleIdentifier(const FileURL &bundle, const FileSystem &files)
+{
+    return readString(bundle, bundleIdentifierKey, files);
+}
+
+std::optional<QUuid> readFolderID(const FileURL &bundle, const FileSystem &files)
+{
+    const auto text = readString(bundle, folderIDKey, files);
+    return text ? uuidFromText(*text) : std::nullopt;
+}
+
+std::optional<QString> sourceStamp(const FileURL &templateApp, const FileSystem &files)
+{
+    const auto info = readableInfoPlist(templateApp, files);
+    if (!info)
+        return std::nullopt;
+    const QString version
+        = stringValue(*info, QStringLiteral("CFBundleVersion")).value_or(QStringLiteral("unknown"));
+    const QString executable = stringValue(*info, QStringLiteral("CFBundleExecutable"))
+                                   .value_or(QStringLiteral("Nestlet"));
+    return version + u'-' + shortestText(buildTime(templateApp, executable, files));
+}
+
+void rewriteInfoPlist(const FileURL &proxy, const FileURL &templateApp, const DockFolder &folder,
+                      const FileSystem &files)
+{
+    const FileURL url = infoPlistURL(proxy);
+    auto info = asDictionary(readInfoPlist(proxy, files));
+    if (!info)
+        throw CompanionError(CompanionError::Kind::invalidInfoPlist, url.path());
+
+    info->insert(QStringLiteral("CFBundleDisplayName"), folder.name);
+    info->insert(QStringLiteral("CFBundleName"), folder.name);
+    info->insert(bundleIdentifierKey, proxyBundleIdentifier(folder.id));
+    info->insert(folderIDKey, uuidText(folder.id));
+    if (const auto stamp = sourceStamp(templateApp, files))
+        info->insert(QStringLiteral("NestletSourceStamp"), *stamp);
+    info->insert(QStringLiteral("LSUIElement"), false);
+
+    files.writeAtomically(url, serializePropertyList(*info, PropertyListFormat::XML));
+}
