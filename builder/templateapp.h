@@ -10,8 +10,8 @@ class FileSystem;
 class MainBundle;
 class Workspace;
 
-/// Finds the installed Nestlet app, of which Dock apps are clones, and makes sure that it is genuine.
-/// Nothing is remembered: each call looks anew. Main thread.
+/// Finds the installed Nestlet app, of which Dock apps are clones, and makes sure that it is
+/// genuine. Nothing is remembered: each call looks anew. Main thread.
 class TemplateApp {
 public:
     struct Collaborators {
@@ -36,5 +36,9 @@ public:
     [[nodiscard]] bool isNestletInstalled() const;
 
 private:
+    [[nodiscard]] FileURL siblingURL() const;
+    [[nodiscard]] QList<FileURL> fixedCandidates() const;
+    void verifySigner(const FileURL &bundle) const;
+
     Collaborators m_;
 };
