@@ -4,11 +4,12 @@
 #include "platform/filesystem.h"
 
 #include <QHash>
+#include <QSet>
 
 class Directories;
 
-/// The directory of all Dock proxy apps. One look at it costs one listing, one stat per bundle, and a
-/// read of each Info.plist that changed since the last look. Main thread.
+/// The directory of all Dock proxy apps. One look at it costs one listing, one stat per bundle, and
+/// a read of each Info.plist that changed since the last look. Main thread.
 class ProxyDirectory {
 public:
     /// A bundle in the directory, its extension exactly "app".
@@ -27,17 +28,21 @@ public:
     [[nodiscard]] QList<FileURL> installedProxyURLs(const QUuid &folderID) const;
     /// The folders that have at least one bundle.
     [[nodiscard]] QSet<QUuid> installedFolderIDs() const;
-    /// Where the folder's Dock app is to be made.
+    /// Where the folder's Dock app is to be made: under its name, or under its name and the
+    /// beginning of its id when a Dock app of another folder has that name.
     [[nodiscard]] FileURL proxyAppURL(const DockFolder &folder) const;
 
 private:
     struct KnownBundle {
-        FileIdentity infoPlist{};
+        FileURL infoPlist{};
+        std::optional<FileIdentity> identity{}; ///< of the Info.plist when it was read
         std::optional<QUuid> folderID{};
     };
+    [[nodiscard]] QList<FileURL> bundles() const;
     [[nodiscard]] std::optional<QUuid> folderIDOf(const FileURL &bundle) const;
+    void forgetAllBut(const QList<FileURL> &bundles) const;
 
     const FileSystem &m_files;
     const Directories &m_directories;
-    mutable QHash<FileURL, KnownBundle> m_known;
+    mutable QHash<FileURL, KnownBundle> m_known; ///< what the last look found
 };
