@@ -7,7 +7,8 @@
 
 /// The colour of an `accentColorHex` text, in sRGB and opaque, or nothing. "#" at both ends is
 /// dropped; what is left must be six characters long. They are read as the system's scanner reads a
-/// hexadecimal number: leading blanks and "0x" are skipped, and it stops at the first other character.
+/// hexadecimal number: leading blanks and "0x" are skipped, and it stops at the first other
+/// character.
 [[nodiscard]] std::optional<QColor> colorFromHexText(const QString &text);
 
 /// "#RRGGBB", or "#4F83D3" for a colour that has no sRGB form.

@@ -40,7 +40,8 @@ struct DockFolderLibrary {
     bool operator==(const DockFolderLibrary &) const = default;
 };
 
-/// The folder that Nestlet manages itself. It is shown read-only and never gets a Dock app from here.
+/// The folder that Nestlet manages itself. It is shown read-only and never gets a Dock app from
+/// here.
 [[nodiscard]] const QUuid &appStoreFolderID();
 
 /// Supplies a `selectedFolderID` when there are no folders at all; the same for the whole process.

@@ -8,9 +8,9 @@
 class Directories;
 class FileSystem;
 
-/// The library file that Nestlet and its Dock apps read too. It remembers, folder by folder, the bytes
-/// last read or written: a folder whose bytes did not change is shared, not decoded again, and one
-/// that did not change since it was last written is not encoded again. Main thread.
+/// The library file that Nestlet and its Dock apps read too. It remembers, folder by folder, the
+/// bytes last read or written: a folder whose bytes did not change is shared, not decoded again,
+/// and one that did not change since it was last written is not encoded again. Main thread.
 class LibraryFile {
 public:
     LibraryFile(const FileSystem &files, const Directories &directories);
@@ -25,8 +25,8 @@ public:
     [[nodiscard]] std::optional<QList<DockFolder>> load();
 
     /// Replaces the file, atomically. A file that was there and could not be decoded is kept first,
-    /// once per content, in "Nestlet Companion/Backups" in Application Support. Throws PlatformError;
-    /// the old file is then untouched.
+    /// once per content, in "Nestlet Companion/Backups" in Application Support. Throws
+    /// PlatformError; the old file is then untouched.
     void save(const DockFolderLibrary &library);
 
     /// Removes the file and the backups. Errors are ignored.
