@@ -56,15 +56,15 @@ quint8 digitValue(char c)
     return digitValues[quint8(c)]; // NOLINT(cppcoreguidelines-pro-bounds-constant-array-index)
 }
 
-quint8 digitValue(QChar c)
+quint8 digitValue(char16_t c)
 {
-    return c.unicode() < digitValues.size() ? digitValues.at(c.unicode()) : noDigit;
+    return c < digitValues.size() ? digitValues.at(c) : noDigit;
 }
 
-template <typename Text> std::optional<QUuid> parseUUID(Text text)
+template <typename Character>
+std::optional<QUuid> parseUUID(const Character *text, qsizetype length)
 {
-    using Character = typename Text::value_type;
-    if (text.size() != uuidTextLength)
+    if (length != uuidTextLength)
         return std::nullopt;
     for (const qsizetype position : hyphenPositions) {
         if (text[position] != Character('-'))
@@ -108,10 +108,10 @@ QString uuidText(const QUuid &id)
 
 std::optional<QUuid> uuidFromText(QStringView text)
 {
-    return parseUUID(text);
+    return parseUUID(text.utf16(), text.size());
 }
 
 std::optional<QUuid> uuidFromText(QByteArrayView text)
 {
-    return parseUUID(text);
+    return parseUUID(text.data(), text.size());
 }
