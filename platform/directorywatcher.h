@@ -16,8 +16,10 @@ class DirectoryWatcher {
 public:
     virtual ~DirectoryWatcher() = default;
 
-    /// Calls `changed` on the main thread whenever an entry of `directory` was added, removed, renamed
-    /// or replaced; one change may cause several calls. Null when the directory cannot be opened.
-    [[nodiscard]] virtual std::unique_ptr<DirectoryWatch>
-    watch(const FileURL &directory, std::function<void()> changed) = 0;
+    /// Calls `changed` on the main thread whenever an entry of `directory` was added, removed,
+    /// renamed or replaced; one change may cause several calls. Null when the directory cannot be
+    /// opened.
+    [[nodiscard]] virtual std::unique_ptr<DirectoryWatch> watch(const FileURL &directory,
+                                                                std::function<void()> changed)
+        = 0;
 };

@@ -13,7 +13,8 @@ public:
     [[nodiscard]] const char *what() const noexcept override { return "Nestlet Companion error"; }
 };
 
-/// The system refused something: what could not be done, on which path, and the system's own reason.
+/// The system refused something: what could not be done, on which path, and the system's own
+/// reason.
 class PlatformError final : public Error {
 public:
     explicit PlatformError(const QString &description)
@@ -36,8 +37,7 @@ private:
 };
 
 /// Runs `action` and drops any Error it throws: the silence that clean-up paths promise.
-template <typename Action>
-void ignoringErrors(Action &&action)
+template <typename Action> void ignoringErrors(Action &&action)
 {
     try {
         action();

@@ -25,8 +25,8 @@ struct DirectoryEntry {
     bool operator==(const DirectoryEntry &) const = default;
 };
 
-/// The file manager. Failures are PlatformErrors that name the path and the system's reason. It has no
-/// state and may be used from any thread.
+/// The file manager. Failures are PlatformErrors that name the path and the system's reason. It has
+/// no state and may be used from any thread.
 class FileSystem {
 public:
     virtual ~FileSystem() = default;
@@ -39,8 +39,8 @@ public:
     /// The entries of one directory, hidden ones included, in the order in which the system lists
     /// them; directories (not links to them) as directory URLs.
     [[nodiscard]] virtual QList<FileURL> contents(const FileURL &directory) const = 0;
-    /// The entries of one directory less the hidden ones (a leading dot; what else the system hides),
-    /// in the order of the listing: the quick form for large folders.
+    /// The entries of one directory less the hidden ones (a leading dot; what else the system
+    /// hides), in the order of the listing: the quick form for large folders.
     [[nodiscard]] virtual QList<DirectoryEntry> visibleEntries(const FileURL &directory) const = 0;
     /// Nothing when there is no such file; the target of a link.
     [[nodiscard]] virtual std::optional<FileIdentity> identity(const FileURL &url) const = 0;
@@ -48,15 +48,16 @@ public:
     [[nodiscard]] virtual QByteArray read(const FileURL &url) const = 0;
     /// Writes the pieces, one after the other, to a temporary file beside `url` and renames it over
     /// it: readers see the old bytes or the new ones.
-    virtual void writeAtomically(const FileURL &url, std::span<const QByteArrayView> pieces) const = 0;
+    virtual void writeAtomically(const FileURL &url,
+                                 std::span<const QByteArrayView> pieces) const = 0;
     void writeAtomically(const FileURL &url, QByteArrayView bytes) const
     {
         writeAtomically(url, std::span(&bytes, 1));
     }
     /// The directory and those above it that are missing. No error when it is there.
     virtual void createDirectories(const FileURL &directory) const = 0;
-    /// Copies a file, link or whole tree with its links, modes and attributes; blocks are shared where
-    /// the volume can. An occupied target is an error.
+    /// Copies a file, link or whole tree with its links, modes and attributes; blocks are shared
+    /// where the volume can. An occupied target is an error.
     virtual void copy(const FileURL &from, const FileURL &to) const = 0;
     /// Renames within one volume, over whatever file is there.
     virtual void move(const FileURL &from, const FileURL &to) const = 0;

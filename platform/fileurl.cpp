@@ -10,27 +10,55 @@ namespace {
 constexpr QLatin1StringView fileScheme{"file://"};
 constexpr QLatin1StringView bareFileScheme{"file:"};
 
-constexpr std::array<bool, 128> makeURLCharacters()
+// What each byte of a text means to isURLText, to be OR-ed together.
+enum ByteClass : quint8 { Plain = 0, Illegal = 1, Percent = 2, Hash = 4 };
+
+constexpr std::array<quint8, 256> makeByteClasses()
 {
-    std::array<bool, 128> legal{};
+    std::array<quint8, 256> classes{};
+    classes.fill(Illegal);
     for (const char c : std::string_view("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz"
-                                         "0123456789-._~:/?#[]@!$&'()*+,;=%")) {
-        legal.at(static_cast<unsigned char>(c)) = true;
+                                         "0123456789-._~:/?[]@!$&'()*+,;=")) {
+        classes.at(static_cast<unsigned char>(c)) = Plain;
     }
-    return legal;
+    classes.at('%') = Percent;
+    classes.at('#') = Hash;
+    return classes;
 }
-constexpr std::array<bool, 128> urlCharacters = makeURLCharacters();
+constexpr std::array<quint8, 256> byteClasses = makeByteClasses();
 
 bool isHexDigit(char c)
 {
     return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
 }
 
+bool hasWholeEscapes(QByteArrayView text)
+{
+    for (qsizetype at = text.indexOf('%'); at >= 0; at = text.indexOf('%', at + 1)) {
+        if (at + 2 >= text.size() || !isHexDigit(text[at + 1]) || !isHexDigit(text[at + 2]))
+            return false;
+    }
+    return true;
+}
+
 // What a file URL leaves unescaped in its path: the unreserved characters and those delimiters that
 // mean nothing there.
-QString escapedPath(const QString &path)
+QString escaped(QByteArrayView name)
 {
-    return QString::fromLatin1(path.toUtf8().toPercentEncoding("!$&'()*+,:=@/"));
+    return QString::fromLatin1(name.toByteArray().toPercentEncoding("!$&'()*+,:=@/"));
+}
+
+QString escaped(const QString &path)
+{
+    return escaped(QByteArrayView(path.toUtf8()));
+}
+
+// The length of "scheme:", 0 when a text has none: a colon further on belongs to a path.
+qsizetype schemeLength(QStringView text)
+{
+    const auto end = std::ranges::find_if(
+        text, [](QChar c) { return c == u':' || c == u'/' || c == u'?' || c == u'#'; });
+    return end != text.end() && *end == u':' ? std::distance(text.begin(), end) + 1 : 0;
 }
 
 QString withoutTrailingSlash(const QString &path)
@@ -64,20 +92,14 @@ qsizetype extensionDot(QStringView component)
 
 bool isURLText(QByteArrayView text)
 {
-    if (text.isEmpty())
+    // One pass without a branch: nearly every text has nothing to look at twice.
+    unsigned found = Plain;
+    for (const char c : text)
+        found |= byteClasses[static_cast<unsigned char>(c)];
+    if (text.isEmpty() || (found & Illegal))
         return false;
-    bool hasFragment = false;
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        const char c = text[i];
-        if (static_cast<unsigned char>(c) >= urlCharacters.size()
-            || !urlCharacters.at(static_cast<unsigned char>(c)))
-            return false;
-        if (c == '%' && (i + 2 >= text.size() || !isHexDigit(text[i + 1]) || !isHexDigit(text[i + 2])))
-            return false;
-        if (c == '#' && std::exchange(hasFragment, true))
-            return false;
-    }
-    return true;
+    return (!(found & Percent) || hasWholeEscapes(text))
+        && (!(found & Hash) || std::ranges::count(text, '#') == 1);
 }
 
 QString standardizedPath(const QString &path)
@@ -108,13 +130,13 @@ FileURL FileURL::fromValidText(const QString &text)
 
 FileURL FileURL::file(const QString &path)
 {
-    return FileURL(fileScheme + escapedPath(withoutTrailingSlash(path)));
+    return FileURL(fileScheme + escaped(withoutTrailingSlash(path)));
 }
 
 FileURL FileURL::directory(const QString &path)
 {
     const QString bare = withoutTrailingSlash(path);
-    return FileURL(fileScheme + escapedPath(bare) + (bare == u"/" ? QString() : QStringLiteral("/")));
+    return FileURL(fileScheme + escaped(bare) + (bare == u"/" ? QString() : QStringLiteral("/")));
 }
 
 bool FileURL::isFileURL() const
@@ -122,23 +144,35 @@ bool FileURL::isFileURL() const
     return m_text.startsWith(bareFileScheme, Qt::CaseInsensitive);
 }
 
+// The path as the text has it: behind the scheme and the authority, empty or "localhost", and
+// before a query or fragment.
+QStringView FileURL::escapedPath() const
+{
+    QStringView rest = QStringView(m_text).sliced(schemeLength(m_text));
+    const auto end = std::ranges::find_if(rest, [](QChar c) { return c == u'?' || c == u'#'; });
+    rest = rest.first(std::distance(rest.begin(), end));
+    if (!rest.startsWith(u"//"))
+        return rest;
+    const qsizetype slash = rest.indexOf(u'/', 2);
+    return slash < 0 ? rest.last(0) : rest.sliced(slash);
+}
+
 bool FileURL::hasDirectoryPath() const
 {
-    return m_text.endsWith(u'/');
+    return escapedPath().endsWith(u'/');
+}
+
+QByteArray FileURL::nativePath() const
+{
+    QByteArray path = QByteArray::fromPercentEncoding(escapedPath().toUtf8());
+    while (path.size() > 1 && path.endsWith('/'))
+        path.chop(1);
+    return path;
 }
 
 QString FileURL::path() const
 {
-    QStringView rest = m_text;
-    if (const qsizetype colon = rest.indexOf(u':'); colon >= 0)
-        rest = rest.sliced(colon + 1);
-    if (rest.startsWith(u"//")) { // an authority, empty or "localhost", up to the next slash
-        const qsizetype slash = rest.indexOf(u'/', 2);
-        rest = slash < 0 ? QStringView() : rest.sliced(slash);
-    }
-    const auto end = std::ranges::find_if(rest, [](QChar c) { return c == u'?' || c == u'#'; });
-    const QByteArray escaped = rest.first(std::distance(rest.begin(), end)).toUtf8();
-    return withoutTrailingSlash(QString::fromUtf8(QByteArray::fromPercentEncoding(escaped)));
+    return QString::fromUtf8(nativePath());
 }
 
 QString FileURL::standardizedPath() const
@@ -168,19 +202,30 @@ QString FileURL::displayName() const
 
 FileURL FileURL::appendingFile(const QString &component) const
 {
-    const QString base = hasDirectoryPath() ? m_text : m_text + u'/';
-    return FileURL(base + escapedPath(component));
+    return appendingNative(component.toUtf8(), false);
 }
 
 FileURL FileURL::appendingDirectory(const QString &component) const
 {
-    return FileURL(appendingFile(component).m_text + u'/');
+    return appendingNative(component.toUtf8(), true);
+}
+
+FileURL FileURL::appendingNative(QByteArrayView name, bool isDirectory) const
+{
+    const QStringView path = escapedPath();
+    const qsizetype end = path.data() + path.size() - QStringView(m_text).data();
+    const QString added = (path.endsWith(u'/') ? QString() : QStringLiteral("/")) + escaped(name)
+        + (isDirectory ? QStringLiteral("/") : QString());
+    return FileURL(QString(m_text).insert(end, added));
 }
 
 FileURL FileURL::deletingLastPathComponent() const
 {
-    const QString bare = withoutTrailingSlash(m_text);
-    return FileURL(bare.left(bare.lastIndexOf(u'/') + 1));
+    QStringView path = escapedPath();
+    const qsizetype start = path.data() - QStringView(m_text).data();
+    while (path.size() > 1 && path.endsWith(u'/'))
+        path.chop(1);
+    return FileURL(m_text.left(start + path.lastIndexOf(u'/') + 1));
 }
 
 size_t qHash(const FileURL &url, size_t seed)

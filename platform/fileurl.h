@@ -6,8 +6,8 @@
 #include <optional>
 
 /// A URL, nearly always of a file, that keeps the text it came with: percent escapes, decomposed
-/// accents and a trailing slash are written back as they were read. Everything that compares or shows
-/// a URL asks here. Two URLs are equal when their texts are.
+/// accents and a trailing slash are written back as they were read. Everything that compares or
+/// shows a URL asks here. Two URLs are equal when their texts are.
 class FileURL {
 public:
     FileURL() = default; ///< empty text; names nothing
@@ -27,6 +27,8 @@ public:
     [[nodiscard]] bool hasDirectoryPath() const;
     /// The decoded path without a trailing slash ("/" alone keeps it).
     [[nodiscard]] QString path() const;
+    /// `path` in the bytes that the escapes stand for, which need not be UTF-8.
+    [[nodiscard]] QByteArray nativePath() const;
     /// `path` without dot segments and repeated slashes. Links are not followed.
     [[nodiscard]] QString standardizedPath() const;
     [[nodiscard]] QString lastPathComponent() const;
@@ -38,11 +40,15 @@ public:
     /// One more path component, which is escaped as needed.
     [[nodiscard]] FileURL appendingFile(const QString &component) const;
     [[nodiscard]] FileURL appendingDirectory(const QString &component) const;
+    /// The same for a name in the file system's own bytes.
+    [[nodiscard]] FileURL appendingNative(QByteArrayView name, bool isDirectory) const;
     [[nodiscard]] FileURL deletingLastPathComponent() const;
 
     bool operator==(const FileURL &) const = default;
 
 private:
+    [[nodiscard]] QStringView escapedPath() const;
+
     explicit FileURL(const QString &text)
         : m_text(text)
     {

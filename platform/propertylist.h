@@ -3,9 +3,9 @@
 #include <QByteArray>
 #include <QVariant>
 
-/// Property lists, XML or binary. A dictionary is a QVariantMap, an array a QVariantList, a string a
-/// QString, an integer a qint64 (quint64 above its range), a real a double, a boolean a bool, a date a
-/// QDateTime in UTC and data a QByteArray.
+/// Property lists, XML or binary. A dictionary is a QVariantMap, an array a QVariantList, a string
+/// a QString, an integer a qint64 (quint64 above its range), a real a double, a boolean a bool, a
+/// date a QDateTime in UTC and data a QByteArray.
 
 /// The value that the bytes hold. Throws PlatformError when they hold none; `path` is for its text.
 [[nodiscard]] QVariant parsePropertyList(QByteArrayView bytes, const QString &path);

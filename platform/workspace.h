@@ -29,7 +29,8 @@ public:
     using OpenCompletion = std::function<void(const std::optional<PlatformError> &)>;
     /// Launches an application bundle, or brings forward the copy that already runs.
     virtual void openApplication(const FileURL &bundle, Activation activation,
-                                 OpenCompletion completion) = 0;
+                                 OpenCompletion completion)
+        = 0;
 
     /// Opens a web page or document with its application. Fire and forget.
     virtual void openURL(const QUrl &url) = 0;
