@@ -1,0 +1,133 @@
+#pragma once
+
+#include "platform/error.h"
+#include "platform/posix/posixfilesystem.h"
+
+#include <cerrno>
+#include <functional>
+#include <optional>
+
+/// The real file system, with failures where the test wants them and a note of every call.
+struct FakeFileSystem final : FileSystem {
+    enum class Operation {
+        Exists,
+        IsOccupied,
+        IsDirectory,
+        Contents,
+        VisibleEntries,
+        Identity,
+        Read,
+        Write,
+        CreateDirectories,
+        Copy, ///< noted with the target
+        Move, ///< noted with the target
+        Remove,
+    };
+    struct Call {
+        Operation operation{};
+        QString path{};
+        bool operator==(const Call &) const = default;
+    };
+    struct Failure {
+        Operation operation{};
+        QString pathEnd{}; ///< of the paths that fail; empty: all
+        int errorNumber = ENOSPC;
+    };
+
+    PosixFileSystem files{};
+    QList<Failure> failures{};
+    mutable QList<Call> calls{};
+    std::function<void(const Call &)> onCall{}; ///< before each operation; may throw
+
+    void fail(Operation operation, const QString &pathEnd = {}, int errorNumber = ENOSPC)
+    {
+        failures.append({.operation = operation, .pathEnd = pathEnd, .errorNumber = errorNumber});
+    }
+
+    [[nodiscard]] qsizetype count(Operation operation) const
+    {
+        return std::ranges::count(calls, operation, &Call::operation);
+    }
+
+    using FileSystem::writeAtomically;
+
+    [[nodiscard]] bool exists(const FileURL &url) const override
+    {
+        note(Operation::Exists, url);
+        return files.exists(url);
+    }
+    [[nodiscard]] bool isOccupied(const FileURL &url) const override
+    {
+        note(Operation::IsOccupied, url);
+        return files.isOccupied(url);
+    }
+    [[nodiscard]] bool isDirectory(const FileURL &url) const override
+    {
+        note(Operation::IsDirectory, url);
+        return files.isDirectory(url);
+    }
+    [[nodiscard]] QList<FileURL> contents(const FileURL &directory) const override
+    {
+        noteOrFail(Operation::Contents, "Could not list", directory);
+        return files.contents(directory);
+    }
+    [[nodiscard]] QList<DirectoryEntry> visibleEntries(const FileURL &directory) const override
+    {
+        noteOrFail(Operation::VisibleEntries, "Could not list", directory);
+        return files.visibleEntries(directory);
+    }
+    [[nodiscard]] std::optional<FileIdentity> identity(const FileURL &url) const override
+    {
+        note(Operation::Identity, url);
+        return files.identity(url);
+    }
+    [[nodiscard]] QByteArray read(const FileURL &url) const override
+    {
+        noteOrFail(Operation::Read, "Could not read", url);
+        return files.read(url);
+    }
+    void writeAtomically(const FileURL &url, std::span<const QByteArrayView> pieces) const override
+    {
+        noteOrFail(Operation::Write, "Could not write", url);
+        files.writeAtomically(url, pieces);
+    }
+    void createDirectories(const FileURL &directory) const override
+    {
+        noteOrFail(Operation::CreateDirectories, "Could not create", directory);
+        files.createDirectories(directory);
+    }
+    void copy(const FileURL &from, const FileURL &to) const override
+    {
+        noteOrFail(Operation::Copy, "Could not copy", to);
+        files.copy(from, to);
+    }
+    void move(const FileURL &from, const FileURL &to) const override
+    {
+        noteOrFail(Operation::Move, "Could not move", to);
+        files.move(from, to);
+    }
+    void remove(const FileURL &url) const override
+    {
+        noteOrFail(Operation::Remove, "Could not remove", url);
+        files.remove(url);
+    }
+
+private:
+    void note(Operation operation, const FileURL &url) const
+    {
+        calls.append({.operation = operation, .path = url.path()});
+        if (onCall)
+            onCall(calls.constLast());
+    }
+
+    void noteOrFail(Operation operation, const char *action, const FileURL &url) const
+    {
+        note(operation, url);
+        for (const Failure &failure : failures) {
+            if (failure.operation == operation && url.path().endsWith(failure.pathEnd)) {
+                throw PlatformError::fromErrno(QString::fromLatin1(action), url.path(),
+                                               failure.errorNumber);
+            }
+        }
+    }
+};
