@@ -8,13 +8,14 @@ class Directories;
 class ProcessRunner;
 class UserDefaults;
 
-/// Takes tiles out of the Dock's preferences. Silent: what fails leaves the preferences as they were.
+/// Takes tiles out of the Dock's preferences. Silent: what fails leaves the preferences as they
+/// were.
 class DockTiles {
 public:
     DockTiles(UserDefaults &dockDefaults, ProcessRunner &processes, const Directories &directories);
 
-    /// Removes every tile of an app bundle and restarts the Dock if there was one. To be called before
-    /// the bundle is deleted.
+    /// Removes every tile of an app bundle and restarts the Dock if there was one. To be called
+    /// before the bundle is deleted.
     void unregisterDockTiles(const FileURL &appBundle) const;
     /// Neither waits nor reports.
     void restartDock() const;
