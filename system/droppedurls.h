@@ -41,8 +41,8 @@ private:
     QList<FileURL> m_urls;
 };
 
-/// Loads every file URL of a drop and then, on the main thread, hands over those that could be read, in
-/// the order in which their loads finished. Not called when there were none.
+/// Loads every file URL of a drop and then, on the main thread, hands over those that could be
+/// read, in the order in which their loads finished. Not called when there were none.
 void collectDroppedFileURLs(const DropInfo &info,
                             std::function<void(const QList<FileURL> &)> completion);
 
