@@ -18,7 +18,8 @@ struct DockFolderItem {
     FileURL url{};
     std::optional<QByteArray> bookmarkData{}; ///< a security-scoped bookmark of `url`
     Kind kind{Kind::file};
-    bool operator==(const DockFolderItem &) const = default;
+    /// Field by field. A bookmark that both share is not looked into.
+    bool operator==(const DockFolderItem &other) const;
 };
 
 /// One Dock folder of the library: a plain value, equal when every field is equal.
@@ -30,7 +31,9 @@ struct DockFolder {
     std::optional<QString> iconSymbol{}; ///< name of a system symbol
     std::optional<QByteArray> customIconData{}; ///< contents of an image file
     std::optional<qint64> gridColumns{}; ///< absent: the default applies
-    bool operator==(const DockFolder &) const = default;
+    /// Field by field. Data that both share is not looked into, so that comparing a library with a
+    /// changed copy of it costs next to nothing.
+    bool operator==(const DockFolder &other) const;
 };
 
 /// The root of the library file.

@@ -1,0 +1,214 @@
+#include "model/libraryjson.h"
+
+#include "model/base64.h"
+#include "model/jsonencoding.h"
+#include "model/jsonreader.h"
+#include "model/recordkeys.h"
+#include "model/uuidtext.h"
+
+#include <array>
+
+namespace {
+
+// Reads the records. Whatever is wrong ends as InvalidJSON.
+class LibraryDecoder {
+public:
+    LibraryDecoder(QByteArrayView utf8, FolderReceiver &receiver)
+        : m_reader(utf8)
+        , m_receiver(receiver)
+    {
+    }
+
+    QUuid readLibrary();
+
+private:
+    void readFolders();
+    DockFolder readFolder();
+    DockFolderItem readItem();
+
+    // An object whose member number i, as `keys` counts them, is read by `readMember(i)`. Those
+    // whose bits are in `required` must be there.
+    template <size_t count, typename ReadMember>
+    void readRecord(const std::array<QByteArrayView, count> &keys, unsigned required,
+                    ReadMember readMember);
+    template <typename Read> auto readOptional(Read read) -> std::optional<decltype(read())>;
+
+    QUuid readUUID();
+    QByteArray readBytes();
+    FileURL readURL();
+    DockFolderItem::Kind readKind();
+
+    JSONReader m_reader;
+    FolderReceiver &m_receiver;
+};
+
+template <typename Value> Value required(std::optional<Value> value)
+{
+    if (!value)
+        throw InvalidJSON();
+    return *std::move(value);
+}
+
+template <size_t count, typename ReadMember>
+void LibraryDecoder::readRecord(const std::array<QByteArrayView, count> &keys, unsigned required,
+                                ReadMember readMember)
+{
+    unsigned seen = 0;
+    m_reader.readObject([&](QByteArrayView key) {
+        const auto index = size_t(std::ranges::find(keys, key) - keys.begin());
+        const unsigned bit = 1u << index;
+        if (index == count || (seen & bit) != 0) {
+            m_reader.skipValue();
+            return;
+        }
+        seen |= bit;
+        readMember(index);
+    });
+    if ((seen & required) != required)
+        throw InvalidJSON();
+}
+
+template <typename Read>
+auto LibraryDecoder::readOptional(Read read) -> std::optional<decltype(read())>
+{
+    if (m_reader.readNull())
+        return std::nullopt;
+    return read();
+}
+
+QUuid LibraryDecoder::readLibrary()
+{
+    QUuid selectedFolderID;
+    readRecord(libraryKeys, requiredLibraryKeys, [&](size_t key) {
+        switch (LibraryKey(key)) {
+        case LibraryKey::folders:
+            return readFolders();
+        case LibraryKey::selectedFolderID:
+            selectedFolderID = readUUID();
+        }
+    });
+    m_reader.readEnd();
+    return selectedFolderID;
+}
+
+void LibraryDecoder::readFolders()
+{
+    m_reader.readArray([this] {
+        const QByteArrayView rest = m_reader.rest();
+        if (const qsizetype known = m_receiver.receiveKnown(rest); known > 0) {
+            m_reader.skipBytes(known);
+            return;
+        }
+        DockFolder folder = readFolder();
+        m_receiver.receive(std::move(folder), rest.chopped(m_reader.rest().size()));
+    });
+}
+
+DockFolder LibraryDecoder::readFolder()
+{
+    DockFolder folder;
+    const auto readText = [this] { return m_reader.readString(); };
+    readRecord(folderKeys, requiredFolderKeys, [&](size_t key) {
+        switch (FolderKey(key)) {
+        case FolderKey::id:
+            folder.id = readUUID();
+            break;
+        case FolderKey::name:
+            folder.name = m_reader.readString();
+            break;
+        case FolderKey::items:
+            m_reader.readArray([&] { folder.items.append(readItem()); });
+            break;
+        case FolderKey::accentColorHex:
+            folder.accentColorHex = readOptional(readText);
+            break;
+        case FolderKey::iconSymbol:
+            folder.iconSymbol = readOptional(readText);
+            break;
+        case FolderKey::customIconData:
+            folder.customIconData = readOptional([this] { return readBytes(); });
+            break;
+        case FolderKey::gridColumns:
+            folder.gridColumns = readOptional([this] { return m_reader.readInteger(); });
+        }
+    });
+    return folder;
+}
+
+DockFolderItem LibraryDecoder::readItem()
+{
+    DockFolderItem item;
+    readRecord(itemKeys, requiredItemKeys, [&](size_t key) {
+        switch (ItemKey(key)) {
+        case ItemKey::id:
+            item.id = readUUID();
+            break;
+        case ItemKey::name:
+            item.name = m_reader.readString();
+            break;
+        case ItemKey::url:
+            item.url = readURL();
+            break;
+        case ItemKey::bookmarkData:
+            item.bookmarkData = readOptional([this] { return readBytes(); });
+            break;
+        case ItemKey::kind:
+            item.kind = readKind();
+        }
+    });
+    return item;
+}
+
+QUuid LibraryDecoder::readUUID()
+{
+    return required(uuidFromText(m_reader.readUTF8()));
+}
+
+QByteArray LibraryDecoder::readBytes()
+{
+    return required(bytesFromBase64(m_reader.readUTF8()));
+}
+
+FileURL LibraryDecoder::readURL()
+{
+    const QByteArrayView text = m_reader.readUTF8();
+    if (!isURLText(text))
+        throw InvalidJSON();
+    return FileURL::fromValidText(QString::fromLatin1(text));
+}
+
+DockFolderItem::Kind LibraryDecoder::readKind()
+{
+    const auto text = std::ranges::find(kindTexts, m_reader.readUTF8());
+    if (text == kindTexts.end())
+        throw InvalidJSON();
+    return DockFolderItem::Kind(text - kindTexts.begin());
+}
+
+// Keeps what it is given.
+struct FolderCollector final : FolderReceiver {
+    QList<DockFolder> folders;
+    qsizetype receiveKnown(QByteArrayView) override { return 0; }
+    void receive(DockFolder folder, QByteArrayView) override { folders.append(std::move(folder)); }
+};
+
+} // namespace
+
+std::optional<QUuid> decodeFolders(QByteArrayView utf8, FolderReceiver &receiver)
+{
+    try {
+        return LibraryDecoder(utf8, receiver).readLibrary();
+    } catch (const InvalidJSON &) {
+        return std::nullopt;
+    }
+}
+
+std::optional<DockFolderLibrary> decodeLibrary(const QByteArray &bytes)
+{
+    const std::optional<QByteArray> utf8 = utf8OfJSONText(bytes);
+    FolderCollector collector;
+    const auto selectedFolderID = utf8 ? decodeFolders(*utf8, collector) : std::nullopt;
+    if (!selectedFolderID)
+        return std::nullopt;
+    return DockFolderLibrary{std::move(collector.folders), *selectedFolderID};
+}
