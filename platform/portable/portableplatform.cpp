@@ -1,0 +1,49 @@
+#include "platform/platform.h"
+
+#include "platform/portable/environment.h"
+#include "platform/portable/portablebookmarks.h"
+#include "platform/portable/portabledirectories.h"
+#include "platform/portable/portabledirectorywatcher.h"
+#include "platform/portable/portablemainbundle.h"
+#include "platform/portable/portableprocessrunner.h"
+#include "platform/portable/portablerunningapplications.h"
+#include "platform/portable/portableuserdefaults.h"
+#include "platform/portable/portableworkspace.h"
+#include "platform/posix/posixfilesystem.h"
+#include "platform/qt/qtclock.h"
+#include "platform/qt/qturlfetcher.h"
+
+#include <QCoreApplication>
+
+namespace {
+
+FileURL preferencesFile(const Directories &directories, const QString &domain)
+{
+    return directories.system(QStringLiteral("/Users/me/Library/Preferences/%1.plist").arg(domain));
+}
+
+} // namespace
+
+Platform makePlatform()
+{
+    const QString root = standInRoot();
+    Platform platform;
+    platform.directories = std::make_unique<PortableDirectories>(root);
+    platform.files = std::make_unique<PosixFileSystem>();
+    platform.processes = std::make_unique<PortableProcessRunner>(root);
+    platform.applications = std::make_unique<PortableRunningApplications>(root);
+    platform.workspace = std::make_unique<PortableWorkspace>(root, *platform.applications);
+    platform.standardDefaults = std::make_unique<PortableUserDefaults>(
+        preferencesFile(*platform.directories, QStringLiteral("qx.Nestlet.Companion")));
+    platform.dockDefaults = std::make_unique<PortableUserDefaults>(
+        preferencesFile(*platform.directories, QStringLiteral("com.apple.dock")));
+    platform.watcher = std::make_unique<PortableDirectoryWatcher>();
+    platform.bookmarks = std::make_unique<PortableBookmarks>();
+    platform.mainBundle
+        = std::make_unique<PortableMainBundle>(QCoreApplication::applicationDirPath());
+    platform.clock = std::make_unique<QtClock>();
+    platform.network = std::make_unique<QtURLFetcher>();
+    if (qEnvironmentVariableIsSet(feedVariable))
+        platform.updateFeed = QUrl(qEnvironmentVariable(feedVariable));
+    return platform;
+}
