@@ -1,0 +1,72 @@
+#include "sandbox/common/files.h"
+
+#include "platform/error.h"
+#include "platform/propertylist.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+#include <cerrno>
+#include <cstring>
+
+#include <unistd.h>
+
+namespace {
+
+PlatformError failure(const QString &action, const QString &path, const QString &reason)
+{
+    return PlatformError(QStringLiteral("%1 “%2”: %3").arg(action, path, reason));
+}
+
+} // namespace
+
+QByteArray readFile(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        throw failure(QStringLiteral("Could not read"), path, file.errorString());
+    return file.readAll();
+}
+
+void writeFile(const QString &path, const QByteArray &bytes)
+{
+    makeDirectories(QFileInfo(path).path());
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
+        throw failure(QStringLiteral("Could not write"), path, file.errorString());
+}
+
+std::optional<QVariantMap> readDictionary(const QString &path)
+{
+    try {
+        const QVariant value = parsePropertyList(readFile(path), path);
+        if (value.metaType() == QMetaType::fromType<QVariantMap>())
+            return value.toMap();
+    } catch (const Error &) { // NOLINT(bugprone-empty-catch): then there is no dictionary
+    }
+    return std::nullopt;
+}
+
+void makeDirectories(const QString &path)
+{
+    if (!QDir().mkpath(path))
+        throw failure(QStringLiteral("Could not create"), path,
+                      QString::fromLocal8Bit(std::strerror(errno)));
+}
+
+void makeLink(const QString &path, const QString &target)
+{
+    makeDirectories(QFileInfo(path).path());
+    QFile::remove(path); // the link itself, when there is one
+    // QFile::link would make the target absolute.
+    if (symlink(QFile::encodeName(target).constData(), QFile::encodeName(path).constData()) != 0)
+        throw PlatformError::fromErrno(QStringLiteral("Could not link"), path, errno);
+}
+
+void copyExecutable(const QString &from, const QString &to)
+{
+    writeFile(to, readFile(from));
+    QFile::setPermissions(to, QFile::permissions(from));
+}
