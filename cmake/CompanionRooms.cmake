@@ -24,7 +24,7 @@ target_compile_definitions(companion_options INTERFACE
   QT_NO_CAST_FROM_BYTEARRAY QT_STRICT_ITERATORS QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   # GCC 12 reports uninitialised coroutine frames and string bounds that are not there.
-  target_compile_options(companion_options INTERFACE -fcoroutines -Wno-error=maybe-uninitialized
+  target_compile_options(companion_options INTERFACE -Wno-error=maybe-uninitialized
     -Wno-error=stringop-overflow -Wno-error=stringop-overread -Wno-error=array-bounds
     -Wno-error=restrict)
 endif()
@@ -56,4 +56,12 @@ function(companion_export_headers target room)
   else()
     target_include_directories(${target} PUBLIC "${include_dir}")
   endif()
+endfunction()
+
+# The C++ that Qt generates from a module's QML files is not ours to warn about.
+function(companion_allow_generated_qml_code target)
+  get_target_property(sources ${target} SOURCES)
+  list(FILTER sources INCLUDE REGEX "\\.rcc/qmlcache/|_qmltyperegistrations\\.cpp")
+  set_source_files_properties(${sources} PROPERTIES
+    COMPILE_OPTIONS "-Wno-shadow;-Wno-conversion;-Wno-unused-parameter;-Wno-unused-variable")
 endfunction()

@@ -1,0 +1,153 @@
+#pragma once
+
+#include "model/dockfolder.h"
+#include "platform/platform.h"
+#include "store/eventturns.h"
+#include "system/updateinfo.h"
+
+#include <QCoroTask>
+#include <QObject>
+#include <QSet>
+
+#include <chrono>
+#include <functional>
+#include <set>
+
+class DirectoryWatch;
+class LibraryFile;
+class ProxyDirectory;
+class ProxyLifecycle;
+class TemplateApp;
+class Timer;
+
+/// The one mutable object of the program: the folders, what is known about their Dock apps, the
+/// error and the update to show. It is its only writer; everybody else reads, listens and calls
+/// operations. Operations take ids; an unknown or locked folder makes them do nothing. Every change
+/// is one `foldersChanged` and one save. Main thread only, and fatal elsewhere.
+class CompanionStore final : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(QString errorMessage READ errorMessage NOTIFY errorMessageChanged)
+    Q_PROPERTY(bool isNestletInstalled READ isNestletInstalled NOTIFY presenceChanged)
+
+public:
+    /// Borrowed; they outlive the store.
+    struct Collaborators {
+        Platform &platform;
+        LibraryFile &library;
+        const TemplateApp &templateApp;
+        const ProxyDirectory &proxyDirectory;
+        ProxyLifecycle &proxies;
+    };
+    explicit CompanionStore(const Collaborators &collaborators);
+    ~CompanionStore() override;
+
+    /// Loads the library, sweeps away orphaned proxies, begins to watch the library, rebuilds the
+    /// installed proxies and checks for an update. Once, right after construction.
+    void start();
+
+    // Published state
+
+    /// In the user's order; at least one after `start`.
+    [[nodiscard]] const QList<DockFolder> &folders() const;
+    /// Nothing for an id that is not in the library.
+    [[nodiscard]] std::optional<DockFolder> folder(const QUuid &id) const;
+    /// Empty: there is no error.
+    [[nodiscard]] const QString &errorMessage() const;
+    /// Read-only folders: no operation edits them and they are not saved.
+    [[nodiscard]] const QSet<QUuid> &lockedFolderIDs() const;
+    [[nodiscard]] bool isLocked(const QUuid &id) const;
+    /// A newer build that was not dismissed.
+    [[nodiscard]] const std::optional<UpdateInfo> &availableUpdate() const;
+    /// Whether the folder had a Dock app when last looked.
+    [[nodiscard]] bool isInstalled(const QUuid &id) const;
+    /// Whether a Dock app of the folder is being installed.
+    [[nodiscard]] bool isInstalling(const QUuid &id) const;
+    /// Whether there was a Nestlet app when last looked; it need not be a valid one.
+    [[nodiscard]] bool isNestletInstalled() const;
+
+    // Editing
+
+    DockFolder addFolder();
+    void moveFolders(const std::set<qsizetype> &sources, qsizetype destination);
+    void deleteFolder(const QUuid &id);
+    void renameFolder(const QUuid &id, const QString &name);
+    void setAccentColor(const QUuid &id, const std::optional<QString> &hex);
+    void setIconSymbol(const QUuid &id, const std::optional<QString> &symbol);
+    void setCustomIcon(const QUuid &id, const QByteArray &image);
+    void setGridColumns(const QUuid &id, std::optional<qint64> columns);
+    void addItems(const QUuid &id, const QList<FileURL> &urls);
+    void removeItem(const QUuid &id, const QUuid &itemID);
+    void moveItem(const QUuid &id, const QUuid &itemID, qsizetype destination);
+    void updateFolder(const QUuid &id, const std::function<void(DockFolder &)> &change);
+    void resetEverything();
+
+    // Dock apps
+
+    /// Builds the folder's Dock app and launches it in front; a failure becomes the error message.
+    QCoro::Task<> installProxy(QUuid id);
+    void installAllProxies();
+    /// Rebuilds the folder's installed Dock apps in the background; nothing when there are none or
+    /// a rebuild of the folder has not ended.
+    void scheduleProxyUpdate(const QUuid &id);
+    /// Shows the folder's Dock app in the file manager; nothing when it has none.
+    void revealProxy(const QUuid &id);
+    /// Looks again which folders are installed and whether there is a Nestlet app.
+    void refreshPresence();
+
+    // Errors and updates
+
+    void clearError();
+    /// Starts a check unless one was started within the last hour.
+    void checkForUpdatesIfNeeded();
+    /// Hides the update for good: this build is not offered again.
+    void dismissUpdate();
+    void openUpdateDownload(const UpdateInfo &update);
+    /// To be called whenever the application becomes the active one.
+    void applicationBecameActive();
+
+Q_SIGNALS:
+    void foldersChanged();
+    void lockedFolderIDsChanged();
+    void errorMessageChanged();
+    void availableUpdateChanged();
+    /// What `isInstalled`, `isInstalling` or `isNestletInstalled` say may have changed.
+    void presenceChanged();
+
+private:
+    friend struct CompanionStoreTestAccess; // locks folders, which no operation does
+
+    void load();
+    void save();
+    void startWatching();
+    void scheduleReload();
+    void setFolders(const QList<DockFolder> &folders);
+    void setErrorMessage(const QString &message);
+
+    /// The folder guard: applies the change to the folder and saves, or returns false and does
+    /// neither.
+    bool editFolder(const QUuid &id, const std::function<void(DockFolder &)> &change);
+    [[nodiscard]] std::optional<qsizetype> editableIndex(const QUuid &id) const;
+    [[nodiscard]] QList<QUuid> unlockedFolderIDs() const;
+
+    void refreshInstalledProxies();
+    QCoro::Task<> rebuildProxies(QUuid id, QList<FileURL> proxies);
+    QCoro::Task<> fetchUpdateInfo();
+
+    Collaborators m_;
+    QList<DockFolder> m_folders;
+    QList<DockFolder> m_unsavedDefault; ///< the folders made up for want of a library, if any
+    QString m_errorMessage;
+    QSet<QUuid> m_lockedFolderIDs;
+    std::optional<UpdateInfo> m_availableUpdate;
+    std::unique_ptr<DirectoryWatch> m_jsonWatcher;
+    std::unique_ptr<Timer> m_pendingReload;
+    bool m_isReloading = false;
+    std::chrono::system_clock::time_point m_lastUpdateCheckDate{}; ///< 1970: distant enough
+    QSet<QUuid> m_activeProxyUpdateIDs;
+    QSet<QUuid> m_installingFolderIDs;
+    QSet<QUuid> m_installedFolderIDs;
+    bool m_isNestletInstalled = false;
+};
+
+/// "Dock Folder <number>".
+[[nodiscard]] DockFolder newDockFolder(qsizetype number);

@@ -1,0 +1,159 @@
+#include "store/proxylifecycle.h"
+
+#include "builder/infoplist.h"
+#include "builder/proxybuilder.h"
+#include "builder/proxydirectory.h"
+#include "builder/templateapp.h"
+#include "platform/clock.h"
+#include "platform/filesystem.h"
+#include "platform/runningapplications.h"
+#include "system/docktiles.h"
+
+#include <QPointer>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto pollInterval = 50ms;
+constexpr int maxPolls = 100;
+constexpr auto settlePause = 200ms;
+
+void logRebuildFailure(const QString &folderName, const Error &error)
+{
+    qWarning().noquote().nospace()
+        << "Nestlet Companion: rebuild of '" << folderName << "' failed: " << error.description();
+}
+
+} // namespace
+
+ProxyLifecycle::ProxyLifecycle(const Collaborators &collaborators, FolderLookup folderNow,
+                               EventTurns::Start start)
+    : m_(collaborators)
+    , m_folderNow(std::move(folderNow))
+    , m_turns(start)
+{
+}
+
+QCoro::Task<> ProxyLifecycle::install(DockFolder folder)
+{
+    const QPointer<ProxyLifecycle> self(this);
+    co_await m_turns.next();
+    const FileURL templateApp = m_.templateApp.locateNestletApp();
+    const FileURL target = m_.directory.proxyAppURL(folder);
+    co_await terminateRunningProxies(folder.id);
+    if (!self)
+        co_return;
+    co_await m_turns.next();
+    if (!self || !m_folderNow(folder.id))
+        co_return;
+
+    for (const FileURL &proxy : m_.directory.installedProxyURLs(folder.id)) {
+        if (proxy.path() != target.path())
+            unregisterAndRemove(proxy);
+    }
+    removeIfOccupied(target);
+    m_.files.createDirectories(target.deletingLastPathComponent());
+    m_.builder.buildProxy(templateApp, target, folder);
+    launchProxy(target, Activation::Foreground);
+}
+
+QCoro::Task<> ProxyLifecycle::rebuild(QUuid folderID, FileURL proxy)
+{
+    const QPointer<ProxyLifecycle> self(this);
+    co_await m_turns.next();
+    if (!self)
+        co_return;
+    std::optional<DockFolder> folder = m_folderNow(folderID);
+    if (!folder)
+        co_return;
+    try {
+        const FileURL templateApp = m_.templateApp.locateNestletApp();
+        co_await terminateRunningProxies(folderID);
+        if (!self)
+            co_return;
+        co_await m_turns.next();
+        if (!self)
+            co_return;
+        folder = m_folderNow(folderID); // as it is now: it may have been renamed during the wait
+        if (!folder)
+            co_return;
+        m_.files.remove(proxy);
+        m_.builder.buildProxy(templateApp, proxy, *folder);
+        launchProxy(proxy, Activation::Background);
+    } catch (const Error &error) {
+        logRebuildFailure(folder->name, error);
+    }
+}
+
+QCoro::Task<> ProxyLifecycle::terminateRunningProxies(QUuid folderID)
+{
+    const QPointer<ProxyLifecycle> self(this);
+    const QString identifier = proxyBundleIdentifier(folderID);
+    QList<RunningApplication> running = m_.applications.withBundleIdentifier(identifier);
+    if (running.isEmpty())
+        co_return;
+    for (const RunningApplication &application : running)
+        m_.applications.terminate(application);
+
+    running = m_.applications.withBundleIdentifier(identifier);
+    for (int polls = 0; !running.isEmpty();) {
+        co_await m_.clock.sleep(pollInterval);
+        if (!self)
+            co_return;
+        if (++polls == maxPolls)
+            break;
+        running = m_.applications.withBundleIdentifier(identifier);
+    }
+    for (const RunningApplication &application : m_.applications.withBundleIdentifier(identifier))
+        m_.applications.forceTerminate(application);
+    if (!m_.applications.withBundleIdentifier(identifier).isEmpty())
+        co_await m_.clock.sleep(settlePause);
+}
+
+void ProxyLifecycle::launchProxy(const FileURL &proxy, Activation activation)
+{
+    const auto report = [self = QPointer(this)](const std::optional<PlatformError> &error) {
+        if (self && error)
+            Q_EMIT self->launchFailed(error->description());
+    };
+    m_.workspace.openApplication(proxy, activation, report);
+}
+
+void ProxyLifecycle::unregisterAndRemove(const FileURL &proxy)
+{
+    m_.dockTiles.unregisterDockTiles(proxy);
+    ignoringErrors([&] { m_.files.remove(proxy); });
+}
+
+void ProxyLifecycle::removeIfOccupied(const FileURL &url)
+{
+    if (m_.files.isOccupied(url))
+        m_.files.remove(url);
+}
+
+void ProxyLifecycle::removeProxies(const QUuid &folderID)
+{
+    for (const RunningApplication &application :
+         m_.applications.withBundleIdentifier(proxyBundleIdentifier(folderID)))
+        m_.applications.terminate(application);
+    for (const FileURL &proxy : m_.directory.installedProxyURLs(folderID))
+        unregisterAndRemove(proxy);
+}
+
+void ProxyLifecycle::removeOrphanProxies(const QSet<QUuid> &folderIDs)
+{
+    for (const ProxyDirectory::Entry &entry : m_.directory.entries()) {
+        if (entry.folderID && !folderIDs.contains(*entry.folderID))
+            unregisterAndRemove(entry.url);
+    }
+}
+
+void ProxyLifecycle::removeEverything(const QList<QUuid> &folderIDs)
+{
+    for (const QUuid &folderID : folderIDs)
+        removeProxies(folderID);
+    for (const ProxyDirectory::Entry &entry : m_.directory.entries())
+        unregisterAndRemove(entry.url);
+    ignoringErrors([this] { m_.files.remove(m_.directory.url()); });
+}

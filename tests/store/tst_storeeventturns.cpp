@@ -1,0 +1,63 @@
+#include "store/eventturns.h"
+
+#include <QCoroTask>
+#include <QSignalSpy>
+#include <QTest>
+
+class EventTurnsTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { m_log.clear(); }
+    void grantsTurnsInTheOrderOfAsking();
+    void letsOtherEventsInBetweenTwoTurns();
+    void waitsForTheRelease();
+
+private:
+    QCoro::Task<> work(EventTurns &turns, QString name)
+    {
+        co_await turns.next();
+        m_log.append(name);
+    }
+    QStringList m_log;
+};
+
+void EventTurnsTest::grantsTurnsInTheOrderOfAsking()
+{
+    EventTurns turns(EventTurns::Start::AtOnce);
+    work(turns, QStringLiteral("first"));
+    work(turns, QStringLiteral("second"));
+    QCOMPARE(m_log, QStringList());
+    QTRY_COMPARE(m_log, QStringList({QStringLiteral("first"), QStringLiteral("second")}));
+}
+
+void EventTurnsTest::letsOtherEventsInBetweenTwoTurns()
+{
+    EventTurns turns(EventTurns::Start::AtOnce);
+    // What a user's input is to the loop: it comes while the first turn works.
+    const auto workAndGetInput = [&]() -> QCoro::Task<> {
+        co_await turns.next();
+        m_log.append(QStringLiteral("first"));
+        QMetaObject::invokeMethod(
+            this, [this] { m_log.append(QStringLiteral("input")); }, Qt::QueuedConnection);
+    };
+    workAndGetInput();
+    work(turns, QStringLiteral("second"));
+    QTRY_COMPARE(
+        m_log,
+        QStringList({QStringLiteral("first"), QStringLiteral("input"), QStringLiteral("second")}));
+}
+
+void EventTurnsTest::waitsForTheRelease()
+{
+    EventTurns turns(EventTurns::Start::OnRelease);
+    work(turns, QStringLiteral("work"));
+    for (int pass = 0; pass < 20; ++pass)
+        QCoreApplication::processEvents();
+    QCOMPARE(m_log, QStringList());
+    turns.release();
+    QTRY_COMPARE(m_log, QStringList{QStringLiteral("work")});
+}
+
+QTEST_GUILESS_MAIN(EventTurnsTest)
+#include "tst_storeeventturns.moc"

@@ -1,0 +1,47 @@
+#include "tests/store/storefixture.h"
+
+#include <QProcess>
+#include <QRegularExpression>
+#include <QTest>
+#include <QThread>
+
+// The fatal end is seen from outside: the test runs itself with this argument.
+constexpr QLatin1StringView misuseArgument{"--misuse-the-store"};
+
+class StoreMainThreadTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void useOffTheMainThreadIsFatalAndNamesTheLine();
+};
+
+void StoreMainThreadTest::useOffTheMainThreadIsFatalAndNamesTheLine()
+{
+    QProcess misuse;
+    misuse.start(QCoreApplication::applicationFilePath(), {misuseArgument});
+    QVERIFY(misuse.waitForFinished());
+    QCOMPARE(misuse.exitStatus(), QProcess::CrashExit);
+    const QString said = QString::fromUtf8(misuse.readAllStandardError());
+    static const QRegularExpression report(QStringLiteral("CompanionApp:\\d+: .*addFolder"));
+    QVERIFY2(report.match(said).hasMatch(), qPrintable(said));
+}
+
+static int misuseTheStore()
+{
+    StoreFixture fixture;
+    fixture.store->start();
+    const std::unique_ptr<QThread> thread(QThread::create([&] { fixture.store->addFolder(); }));
+    thread->start();
+    thread->wait();
+    return EXIT_SUCCESS; // not reached
+}
+
+int main(int argc, char *argv[])
+{
+    QCoreApplication application(argc, argv);
+    if (QCoreApplication::arguments().contains(misuseArgument))
+        return misuseTheStore();
+    StoreMainThreadTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "tst_storemainthread.moc"
