@@ -1,0 +1,85 @@
+#include "ui/companionviewmodel.h"
+
+#include "model/uuidtext.h"
+#include "store/companionstore.h"
+#include "ui/urltexts.h"
+
+CompanionViewModel::CompanionViewModel(CompanionStore &store, QObject *parent)
+    : QObject(parent)
+    , m_store(store)
+    , m_folders(store)
+    , m_detail(store)
+{
+    connect(&store, &CompanionStore::foldersChanged, this, &CompanionViewModel::keepSelectionValid);
+    connect(&store, &CompanionStore::errorMessageChanged, this,
+            &CompanionViewModel::errorMessageChanged);
+}
+
+QString CompanionViewModel::selection() const
+{
+    return m_selection.isNull() ? QString() : uuidText(m_selection);
+}
+
+void CompanionViewModel::setSelection(const QString &folderID)
+{
+    select(uuidFromText(folderID).value_or(QUuid()));
+}
+
+void CompanionViewModel::select(const QUuid &id)
+{
+    if (m_selection == id)
+        return;
+    m_selection = id;
+    m_detail.setFolder(id == appStoreFolderID() ? QUuid() : id);
+    Q_EMIT selectionChanged();
+}
+
+void CompanionViewModel::keepSelectionValid()
+{
+    if (m_selection != appStoreFolderID() && !m_store.folder(m_selection))
+        select(firstFolderID());
+}
+
+QUuid CompanionViewModel::firstFolderID() const
+{
+    return m_store.folders().isEmpty() ? QUuid() : m_store.folders().first().id;
+}
+
+CompanionViewModel::DetailKind CompanionViewModel::detailKind() const
+{
+    if (m_selection == appStoreFolderID())
+        return DetailKind::AppStoreFolder;
+    return m_store.folder(m_selection) ? DetailKind::Folder : DetailKind::Placeholder;
+}
+
+QString CompanionViewModel::errorMessage() const
+{
+    return m_store.errorMessage();
+}
+
+void CompanionViewModel::createFolder()
+{
+    m_store.addFolder();
+}
+
+void CompanionViewModel::addAllToDock()
+{
+    m_store.installAllProxies();
+}
+
+void CompanionViewModel::resetEverything()
+{
+    m_store.resetEverything();
+    select(firstFolderID());
+}
+
+void CompanionViewModel::clearError()
+{
+    m_store.clearError();
+}
+
+void CompanionViewModel::addItems(const QString &folderID, const QStringList &urls)
+{
+    if (const std::optional<QUuid> id = uuidFromText(folderID))
+        m_store.addItems(*id, urlsFromTexts(urls));
+}

@@ -1,0 +1,84 @@
+#include "ui/folderdetailmodel.h"
+
+#include "model/uuidtext.h"
+#include "store/companionstore.h"
+#include "ui/urltexts.h"
+
+FolderDetailModel::FolderDetailModel(CompanionStore &store, QObject *parent)
+    : QObject(parent)
+    , m_store(store)
+{
+    connect(&store, &CompanionStore::foldersChanged, this, &FolderDetailModel::update);
+    connect(&store, &CompanionStore::presenceChanged, this, &FolderDetailModel::update);
+    connect(&store, &CompanionStore::lockedFolderIDsChanged, this, &FolderDetailModel::update);
+}
+
+void FolderDetailModel::setFolder(const QUuid &id)
+{
+    if (m_folder.id == id)
+        return;
+    m_folder = {.id = id};
+    update();
+    Q_EMIT folderIDChanged();
+}
+
+void FolderDetailModel::update()
+{
+    m_folder = m_store.folder(m_folder.id).value_or(DockFolder{.id = m_folder.id});
+    m_items.setItems(m_folder.items);
+    Q_EMIT changed();
+}
+
+QString FolderDetailModel::folderID() const
+{
+    return m_folder.id.isNull() ? QString() : uuidText(m_folder.id);
+}
+
+bool FolderDetailModel::isLocked() const
+{
+    return m_store.isLocked(m_folder.id);
+}
+
+bool FolderDetailModel::isInstalled() const
+{
+    return m_store.isInstalled(m_folder.id);
+}
+
+bool FolderDetailModel::isInstalling() const
+{
+    return m_store.isInstalling(m_folder.id);
+}
+
+QString FolderDetailModel::commitName(const QString &draft)
+{
+    if (draft.trimmed() != m_folder.name)
+        m_store.renameFolder(m_folder.id, draft);
+    return m_folder.name;
+}
+
+void FolderDetailModel::showInDock()
+{
+    if (!isInstalling())
+        m_store.installProxy(m_folder.id);
+}
+
+void FolderDetailModel::revealInFinder()
+{
+    m_store.revealProxy(m_folder.id);
+}
+
+void FolderDetailModel::removeFolder()
+{
+    m_store.deleteFolder(m_folder.id);
+}
+
+void FolderDetailModel::addItems(const QStringList &urls)
+{
+    m_store.addItems(m_folder.id, urlsFromTexts(urls));
+}
+
+void FolderDetailModel::removeItem(const QString &itemID)
+{
+    if (const std::optional<QUuid> id = uuidFromText(itemID))
+        m_store.removeItem(m_folder.id, *id);
+}

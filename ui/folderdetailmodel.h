@@ -1,0 +1,56 @@
+#pragma once
+
+#include "ui/itemlistmodel.h"
+
+#include <QObject>
+#include <QtQml/qqmlregistration.h>
+
+class CompanionStore;
+
+/// The selected folder as its detail shows it, and what its controls do.
+class FolderDetailModel final : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Made by CompanionViewModel")
+    Q_PROPERTY(QString folderID READ folderID NOTIFY folderIDChanged)
+    Q_PROPERTY(QString name READ name NOTIFY changed)
+    Q_PROPERTY(bool isLocked READ isLocked NOTIFY changed)
+    Q_PROPERTY(bool isInstalled READ isInstalled NOTIFY changed)
+    Q_PROPERTY(bool isInstalling READ isInstalling NOTIFY changed)
+    Q_PROPERTY(qsizetype itemCount READ itemCount NOTIFY changed)
+    Q_PROPERTY(ItemListModel *items READ items CONSTANT)
+
+public:
+    explicit FolderDetailModel(CompanionStore &store, QObject *parent = nullptr);
+
+    /// A null id, or one that is not in the library, shows nothing.
+    void setFolder(const QUuid &id);
+
+    [[nodiscard]] QString folderID() const;
+    [[nodiscard]] QString name() const { return m_folder.name; }
+    [[nodiscard]] bool isLocked() const;
+    [[nodiscard]] bool isInstalled() const;
+    [[nodiscard]] bool isInstalling() const;
+    [[nodiscard]] qsizetype itemCount() const { return m_folder.items.size(); }
+    [[nodiscard]] ItemListModel *items() { return &m_items; }
+
+    /// Commits an edited name and returns the text that the field is to show then.
+    Q_INVOKABLE QString commitName(const QString &draft);
+    Q_INVOKABLE void showInDock();
+    Q_INVOKABLE void revealInFinder();
+    Q_INVOKABLE void removeFolder();
+    /// Texts of file URLs.
+    Q_INVOKABLE void addItems(const QStringList &urls);
+    Q_INVOKABLE void removeItem(const QString &itemID);
+
+Q_SIGNALS:
+    void folderIDChanged();
+    void changed();
+
+private:
+    void update();
+
+    CompanionStore &m_store;
+    DockFolder m_folder;
+    ItemListModel m_items;
+};
