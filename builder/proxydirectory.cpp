@@ -5,6 +5,9 @@
 #include "platform/directories.h"
 #include "platform/error.h"
 
+#include <algorithm>
+#include <utility>
+
 ProxyDirectory::ProxyDirectory(const FileSystem &files, const Directories &directories)
     : m_files(files)
     , m_directories(directories)
@@ -18,21 +21,18 @@ FileURL ProxyDirectory::url() const
 
 QList<ProxyDirectory::Entry> ProxyDirectory::entries() const
 {
-    const QList<FileURL> urls = bundles();
     QList<Entry> entries;
-    entries.reserve(urls.size());
-    for (const FileURL &url : urls)
-        entries.append({.url = url, .folderID = folderIDOf(url)});
-    forgetAllBut(urls);
+    for (const KnownBundle &bundle : look())
+        entries.append(bundle.entry);
     return entries;
 }
 
 QList<FileURL> ProxyDirectory::installedProxyURLs(const QUuid &folderID) const
 {
     QList<FileURL> urls;
-    for (const Entry &entry : entries()) {
-        if (entry.folderID == folderID)
-            urls.append(entry.url);
+    for (const KnownBundle &bundle : look()) {
+        if (bundle.entry.folderID == folderID)
+            urls.append(bundle.entry.url);
     }
     return urls;
 }
@@ -40,9 +40,9 @@ QList<FileURL> ProxyDirectory::installedProxyURLs(const QUuid &folderID) const
 QSet<QUuid> ProxyDirectory::installedFolderIDs() const
 {
     QSet<QUuid> ids;
-    for (const Entry &entry : entries()) {
-        if (entry.folderID)
-            ids.insert(*entry.folderID);
+    for (const KnownBundle &bundle : look()) {
+        if (bundle.entry.folderID)
+            ids.insert(*bundle.entry.folderID);
     }
     return ids;
 }
@@ -56,34 +56,44 @@ FileURL ProxyDirectory::proxyAppURL(const DockFolder &folder) const
     return url().appendingDirectory(distinctProxyFileName(folder));
 }
 
-QList<FileURL> ProxyDirectory::bundles() const
+const QList<ProxyDirectory::KnownBundle> &ProxyDirectory::look() const
+{
+    const QList<FileURL> urls = listing();
+    QList<KnownBundle> before = std::exchange(m_known, {});
+    m_known.reserve(urls.size());
+    auto next = before.begin();
+    for (const FileURL &url : urls) {
+        // Listings keep their order, so this is nearly always the next one. One that moved to the
+        // front is read again.
+        const auto found = std::find_if(next, before.end(), [&url](const KnownBundle &bundle) {
+            return bundle.entry.url == url;
+        });
+        if (found != before.end()) {
+            m_known.append(std::move(*found));
+            next = found + 1;
+        } else if (url.pathExtension() == u"app") {
+            m_known.append({.entry = {.url = url}, .infoPlist = infoPlistURL(url)});
+        } else {
+            continue;
+        }
+        refresh(m_known.last());
+    }
+    return m_known;
+}
+
+QList<FileURL> ProxyDirectory::listing() const
 {
     QList<FileURL> urls;
     ignoringErrors([&] { urls = m_files.contents(url()); });
-    urls.removeIf([this](const FileURL &entry) {
-        return !m_known.contains(entry) && entry.pathExtension() != u"app";
-    });
     return urls;
 }
 
-std::optional<QUuid> ProxyDirectory::folderIDOf(const FileURL &bundle) const
+void ProxyDirectory::refresh(KnownBundle &bundle) const
 {
-    auto known = m_known.find(bundle);
-    if (known == m_known.end())
-        known = m_known.insert(bundle, {.infoPlist = infoPlistURL(bundle)});
     // The state is taken before the bytes: what changes in between is noticed at the next look.
-    const auto identity = m_files.identity(known->infoPlist);
-    if (identity != known->identity) {
-        known->folderID = identity ? readFolderID(bundle, m_files) : std::nullopt;
-        known->identity = identity;
-    }
-    return known->folderID;
-}
-
-void ProxyDirectory::forgetAllBut(const QList<FileURL> &bundles) const
-{
-    if (m_known.size() == bundles.size()) // all known ones are there, since those here are known
+    const auto identity = m_files.identity(bundle.infoPlist);
+    if (identity == bundle.identity)
         return;
-    const QSet<FileURL> present(bundles.begin(), bundles.end());
-    m_known.removeIf([&](const auto &known) { return !present.contains(known.key()); });
+    bundle.entry.folderID = identity ? readFolderID(bundle.entry.url, m_files) : std::nullopt;
+    bundle.identity = identity;
 }

@@ -3,7 +3,6 @@
 #include "model/dockfolder.h"
 #include "platform/filesystem.h"
 
-#include <QHash>
 #include <QSet>
 
 class Directories;
@@ -34,15 +33,15 @@ public:
 
 private:
     struct KnownBundle {
+        Entry entry{};
         FileURL infoPlist{};
         std::optional<FileIdentity> identity{}; ///< of the Info.plist when it was read
-        std::optional<QUuid> folderID{};
     };
-    [[nodiscard]] QList<FileURL> bundles() const;
-    [[nodiscard]] std::optional<QUuid> folderIDOf(const FileURL &bundle) const;
-    void forgetAllBut(const QList<FileURL> &bundles) const;
+    const QList<KnownBundle> &look() const;
+    [[nodiscard]] QList<FileURL> listing() const;
+    void refresh(KnownBundle &bundle) const;
 
     const FileSystem &m_files;
     const Directories &m_directories;
-    mutable QHash<FileURL, KnownBundle> m_known; ///< what the last look found
+    mutable QList<KnownBundle> m_known; ///< what the last look found, in listing order
 };
