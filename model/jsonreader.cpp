@@ -4,6 +4,8 @@
 #include "model/plaincharacters.h"
 #include "model/utf8.h"
 
+#include <QStringConverter>
+
 #include <cstring>
 
 namespace {
@@ -77,7 +79,10 @@ QString JSONReader::readString()
     const QByteArrayView utf8 = readUTF8();
     if (utf8.data() != m_unescaped.data()) // plain characters are ASCII
         return QString::fromLatin1(utf8);
-    return QString::fromUtf8(utf8);
+    // QString::fromUtf8 would drop a byte order mark at the front, which is a character like
+    // others.
+    QStringDecoder decoder(QStringConverter::Utf8, QStringConverter::Flag::ConvertInitialBom);
+    return decoder(utf8);
 }
 
 // Reads on from the first character that is not plain.
