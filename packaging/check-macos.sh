@@ -34,23 +34,23 @@ common="-std=c++20 -fsyntax-only -fPIC -fblocks -I. $system_headers $definitions
 objective_c="-x objective-c++ -fobjc-runtime=gcc -fobjc-exceptions
     -fconstant-string-class=NSConstantString -include $additions/additions.h"
 
-check() {
-    case "$1" in
-    *.mm) clang++ $objective_c $common "$1" ;;
-    *) clang++ $common "$1" ;;
+# Run by a shell of its own per file, so that as many files as there are processors are
+# checked at a time; a file's messages come out in one piece.
+export common objective_c
+check='
+    case $1 in
+    *.mm) flags="$objective_c $common" ;;
+    *) flags=$common ;;
     esac
-}
+    if messages=$(clang++ $flags "$1" 2>&1); then
+        echo "checked  $1"
+    else
+        echo "$messages
+FAILED   $1"
+        exit 1
+    fi'
 
 if [ $# -eq 0 ]; then
-    set -- platform/macos/*.mm platform/macos/*.cpp $(ls platform/posix/*_macos.* 2>/dev/null)
+    set -- platform/macos/*.mm platform/macos/*.cpp platform/posix/*_macos.cpp
 fi
-failed=0
-for file in "$@"; do
-    if check "$file"; then
-        echo "checked  $file"
-    else
-        echo "FAILED   $file"
-        failed=1
-    fi
-done
-exit $failed
+printf '%s\0' "$@" | xargs -0 -n 1 -P "$(nproc)" sh -c "$check" check
