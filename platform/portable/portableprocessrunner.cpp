@@ -2,12 +2,12 @@
 
 #include "platform/portable/detachedprocess.h"
 #include "platform/portable/environment.h"
+#include "platform/portable/pidfd.h"
 #include "platform/posix/filedescriptor.h"
 
 #include <fcntl.h>
 #include <poll.h>
 #include <spawn.h>
-#include <sys/pidfd.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -116,7 +116,7 @@ int millisecondsUntil(steady_clock::time_point deadline)
 // open for ever. False when the time is up.
 bool readUntilExit(pid_t process, int pipe, steady_clock::time_point deadline, QByteArray &text)
 {
-    const FileDescriptor exit(::pidfd_open(process, 0));
+    const FileDescriptor exit = openProcess(process);
     std::array<pollfd, 2> waits{{{.fd = exit.get(), .events = POLLIN, .revents = 0},
                                  {.fd = pipe, .events = POLLIN, .revents = 0}}};
     for (;;) {

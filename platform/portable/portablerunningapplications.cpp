@@ -1,12 +1,12 @@
 #include "platform/portable/portablerunningapplications.h"
 
 #include "platform/portable/environment.h"
+#include "platform/portable/pidfd.h"
 #include "platform/posix/directorylisting.h"
 
 #include <QSet>
 
 #include <fcntl.h>
-#include <sys/pidfd.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -89,12 +89,12 @@ bool holdsEntry(const QByteArray &environment, const char *name, const QString &
 // the start time tells whether that is the one that is meant.
 void send(const RunningApplication &application, int signal)
 {
-    const FileDescriptor process(::pidfd_open(static_cast<pid_t>(application.processID), 0));
+    const FileDescriptor process = openProcess(static_cast<pid_t>(application.processID));
     const std::optional<Process> found = processWithID(application.processID);
     if (!found || found->application != application)
         return;
     if (process.isOpen())
-        static_cast<void>(::pidfd_send_signal(process.get(), signal, nullptr, 0));
+        signalProcess(process, signal);
     else // an old kernel
         static_cast<void>(::kill(static_cast<pid_t>(application.processID), signal));
 }
