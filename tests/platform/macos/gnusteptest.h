@@ -17,7 +17,8 @@ inline void keepGNUstepInside(const QTemporaryDir &directory)
     configuration.write("GNUSTEP_USER_DEFAULTS_DIR=" + QFile::encodeName(directory.path())
                         + "/Defaults\n");
     qputenv("GNUSTEP_CONFIG_FILE", QFile::encodeName(configuration.fileName()));
-    qputenv("TMPDIR", QFile::encodeName(directory.path()));
+    for (const char *variable : {"TMPDIR", "TMP", "TEMP"}) // GNUstep looks for the short ones
+        qputenv(variable, QFile::encodeName(directory.path()));
 }
 
 /// A test's main function, in place of QTEST_GUILESS_MAIN. GNUstep reads its configuration before
