@@ -22,6 +22,11 @@ struct Reference {
     double timesLonger{};
 };
 
+/// What a piece of work is timed by. The processor time of this thread leaves out what other
+/// programs take from a busy machine: for work that neither waits nor has other threads or programs
+/// do it.
+enum class Timing { Wall, ProcessorTime };
+
 /// A piece of work, how we do it and what that is measured against. In each round every variant has
 /// its turn, in rotating order, so that a machine whose speed drifts slows all of them alike. One
 /// round goes before and is not counted. Times are medians, ratios medians of the rounds' own
@@ -33,6 +38,7 @@ struct Work {
     int rounds{15};
     int repeat{
         1}; ///< runs per turn, for work that is too short to time once (use no `prepare` then)
+    Timing timing{Timing::Wall};
 };
 
 /// The benchmarks of one program, run by Google Benchmark (one benchmark per piece of work, manual
@@ -54,7 +60,8 @@ struct Work {
 class Ratios {
 public:
     void add(Work work) { m_works.push_back(std::move(work)); }
-    /// A ratio that is no time, such as memory. `measure` gives it; at most `goal` is wanted.
+    /// A ratio that is no time, such as memory. `measure` gives it; at most `goal` is wanted (0: it
+    /// is shown only).
     void addFigure(std::string name, double goal, std::function<double()> measure);
     int run(int argc, char **argv);
 

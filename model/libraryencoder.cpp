@@ -72,9 +72,8 @@ QByteArray libraryTail(const QUuid &selectedFolderID)
     return writer.take();
 }
 
-QByteArray encodeLibrary(const DockFolderLibrary &library)
+void encodeLibrary(const DockFolderLibrary &library, JSONWriter &writer)
 {
-    JSONWriter writer;
     writer.writeRaw(libraryHead);
     bool isFirst = true;
     for (const DockFolder &folder : library.folders) {
@@ -83,5 +82,11 @@ QByteArray encodeLibrary(const DockFolderLibrary &library)
         encodeFolder(folder, writer);
     }
     writer.writeRaw(libraryTail(library.selectedFolderID));
+}
+
+QByteArray encodeLibrary(const DockFolderLibrary &library)
+{
+    JSONWriter writer;
+    encodeLibrary(library, writer);
     return writer.take();
 }

@@ -13,6 +13,8 @@ class JSONWriter;
 
 /// The bytes for a library file: compact, keys in the order of the records' fields.
 [[nodiscard]] QByteArray encodeLibrary(const DockFolderLibrary &library);
+/// Appends the same bytes.
+void encodeLibrary(const DockFolderLibrary &library, JSONWriter &writer);
 
 /// Takes the folders of a library, one after the other, while it is decoded.
 class FolderReceiver {
