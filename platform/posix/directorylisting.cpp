@@ -51,21 +51,30 @@ ListedEntry::Type typeOfMode(mode_t mode)
     return S_ISREG(mode) ? Type::File : Type::Other;
 }
 
-QList<ListedEntry> listDirectory(FileDescriptor directory, const QByteArray &path)
+void visitDirectory(FileDescriptor directory, const QByteArray &path,
+                    const std::function<void(const char *, ListedEntry::Type)> &visit)
 {
     const std::unique_ptr<DIR, DirectoryCloser> stream(::fdopendir(directory.get()));
     if (!stream)
         throw lastError("Could not list", path);
     const int descriptor = directory.release(); // the stream owns it now
-    QList<ListedEntry> entries;
     for (;;) {
         errno = 0;
         const dirent *entry = ::readdir(stream.get()); // NOLINT(concurrency-mt-unsafe): own stream
         if (!entry && errno != 0)
             throw lastError("Could not list", path);
         if (!entry)
-            return entries;
+            return;
         if (!isSelfOrParent(entry->d_name))
-            entries.append({.name = entry->d_name, .type = typeOf(*entry, descriptor)});
+            visit(entry->d_name, typeOf(*entry, descriptor));
     }
+}
+
+QList<ListedEntry> listDirectory(FileDescriptor directory, const QByteArray &path)
+{
+    QList<ListedEntry> entries;
+    visitDirectory(std::move(directory), path, [&](const char *name, Type type) {
+        entries.append({.name = name, .type = type});
+    });
+    return entries;
 }

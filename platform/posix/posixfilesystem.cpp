@@ -49,13 +49,14 @@ qint64 nanoseconds(const timespec &time)
     return qint64{time.tv_sec} * 1'000'000'000 + time.tv_nsec;
 }
 
-QList<ListedEntry> entriesOf(const FileURL &directory)
+void visitEntries(const FileURL &directory,
+                  const std::function<void(const char *, ListedEntry::Type)> &visit)
 {
     const QByteArray path = requiredPath("Could not list", directory);
     FileDescriptor opened = openAt(AT_FDCWD, path, O_RDONLY | O_DIRECTORY);
     if (!opened.isOpen())
         throw lastError("Could not list", path);
-    return listDirectory(std::move(opened), path);
+    visitDirectory(std::move(opened), path, visit);
 }
 
 FileDescriptor openForReading(const QByteArray &path, qint64 &size)
@@ -106,22 +107,21 @@ bool PosixFileSystem::isDirectory(const FileURL &url) const
 QList<FileURL> PosixFileSystem::contents(const FileURL &directory) const
 {
     QList<FileURL> urls;
-    for (const ListedEntry &entry : entriesOf(directory)) {
-        const bool isDirectory = entry.type == ListedEntry::Type::Directory;
-        urls.append(directory.appendingNative(entry.name, isDirectory));
-    }
+    visitEntries(directory, [&](const char *name, ListedEntry::Type type) {
+        urls.append(directory.appendingNative(name, type == ListedEntry::Type::Directory));
+    });
     return urls;
 }
 
 QList<DirectoryEntry> PosixFileSystem::visibleEntries(const FileURL &directory) const
 {
     QList<DirectoryEntry> visible;
-    for (const ListedEntry &entry : entriesOf(directory)) {
-        if (entry.name.startsWith('.') || !QUtf8StringView(entry.name).isValidUtf8())
-            continue;
-        visible.append({.name = QString::fromUtf8(entry.name),
-                        .isDirectory = entry.type == ListedEntry::Type::Directory});
-    }
+    visitEntries(directory, [&](const char *name, ListedEntry::Type type) {
+        if (*name != '.' && QUtf8StringView(name).isValidUtf8()) {
+            visible.append({.name = QString::fromUtf8(name),
+                            .isDirectory = type == ListedEntry::Type::Directory});
+        }
+    });
     return visible;
 }
 
