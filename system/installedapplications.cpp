@@ -6,7 +6,6 @@
 #include "system/collationkeys.h"
 
 #include <algorithm>
-#include <array>
 #include <vector>
 
 namespace {
@@ -30,44 +29,45 @@ FileURL urlOf(const DirectoryEntry &entry, const FileURL &directory)
                              : directory.appendingFile(entry.name);
 }
 
-/// The applications found so far, each with what places it in the list.
+/// The applications found so far, each with the key that places it in the list.
 class FoundApplications {
 public:
     void add(const DirectoryEntry &entry, const FileURL &directory)
     {
-        m_found.push_back({.key = m_keys.add(entry.name), .url = urlOf(entry, directory)});
+        m_places.push_back({.key = m_keys.add(entry.name), .index = m_urls.size()});
+        m_urls.append(urlOf(entry, directory));
     }
 
     [[nodiscard]] QList<FileURL> sorted()
     {
-        std::ranges::sort(m_found,
-                          [this](const Found &a, const Found &b) { return goesBefore(a, b); });
-        // Roots that lie within each other give the same application twice, now side by side.
-        const auto repeated = std::ranges::unique(m_found, {}, &Found::url);
-        m_found.erase(repeated.begin(), repeated.end());
-
+        std::ranges::sort(m_places,
+                          [this](const Place &a, const Place &b) { return goesBefore(a, b); });
         QList<FileURL> urls;
-        urls.reserve(std::ssize(m_found));
-        for (Found &found : m_found)
-            urls.append(std::move(found.url));
+        urls.reserve(m_urls.size());
+        for (const Place &place : m_places) {
+            // Roots that lie within each other give the same application twice, now side by side.
+            if (urls.isEmpty() || urls.constLast() != m_urls.at(place.index))
+                urls.append(m_urls.at(place.index));
+        }
         return urls;
     }
 
 private:
-    struct Found {
+    struct Place {
         CollationKeys::Key key{};
-        FileURL url{};
+        qsizetype index{};
     };
 
-    [[nodiscard]] bool goesBefore(const Found &a, const Found &b) const
+    [[nodiscard]] bool goesBefore(const Place &a, const Place &b) const
     {
         const auto byName = m_keys.compare(a.key, b.key);
-        // By place where the names are equal, so that the list is the same at each scan.
-        return byName == 0 ? a.url.text() < b.url.text() : byName < 0;
+        // By path where the names are equal, so that the list is the same at each scan.
+        return byName == 0 ? m_urls.at(a.index).text() < m_urls.at(b.index).text() : byName < 0;
     }
 
     CollationKeys m_keys{QLocale()};
-    std::vector<Found> m_found;
+    QList<FileURL> m_urls;
+    std::vector<Place> m_places;
 };
 
 void scanFolder(const FileSystem &files, const FileURL &folder, FoundApplications &found)
