@@ -4,8 +4,6 @@
 #include "platform/portable/pidfd.h"
 #include "platform/posix/directorylisting.h"
 
-#include <QSet>
-
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -16,10 +14,9 @@
 
 namespace {
 
-// A process and who started it.
 struct Process {
     RunningApplication application{};
-    qint64 parentID{};
+    qint64 sessionID{};
 };
 
 // Files of /proc have no size. Empty when the process is gone or not ours to read.
@@ -51,16 +48,17 @@ bool isOwn(qint64 processID)
 // Nothing when there is no such process, or just its corpse.
 std::optional<Process> processWithID(qint64 processID)
 {
-    // The name in parentheses may hold anything; behind it come state, parent and the rest.
+    // The name in parentheses may hold anything; behind it come state, parent, group, session.
     const QByteArray status = readProcessFile(processPath(processID, "stat"));
     const qsizetype nameEnd = status.lastIndexOf(')');
     const QList<QByteArray> fields = status.mid(nameEnd + 1).simplified().split(' ');
+    constexpr qsizetype sessionField = 3;
     constexpr qsizetype startTimeField = 19;
     if (nameEnd < 0 || fields.size() <= startTimeField || fields[0] == "Z" || fields[0] == "X")
         return std::nullopt;
     return Process{.application
                    = {.processID = processID, .startTime = fields[startTimeField].toULongLong()},
-                   .parentID = fields[1].toLongLong()};
+                   .sessionID = fields[sessionField].toLongLong()};
 }
 
 QList<qint64> ownProcessIDs()
@@ -104,22 +102,15 @@ void send(const RunningApplication &application, int signal)
 QList<RunningApplication>
 PortableRunningApplications::withBundleIdentifier(const QString &bundleIdentifier) const
 {
-    QList<Process> processes;
-    QSet<qint64> ids;
+    QList<RunningApplication> applications;
     for (const qint64 id : ownProcessIDs()) {
         const QByteArray environment = readProcessFile(processPath(id, "environ"));
         if (!holdsEntry(environment, identifierVariable, bundleIdentifier)
             || !holdsEntry(environment, rootVariable, m_root))
             continue;
-        if (const std::optional<Process> process = processWithID(id)) {
-            processes.append(*process);
-            ids.insert(id);
-        }
-    }
-    QList<RunningApplication> applications;
-    for (const Process &process : processes) {
-        if (!ids.contains(process.parentID))
-            applications.append(process.application);
+        const std::optional<Process> process = processWithID(id);
+        if (process && process->sessionID == id)
+            applications.append(process->application);
     }
     return applications;
 }

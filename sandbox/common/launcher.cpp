@@ -23,7 +23,9 @@ QProcessEnvironment environmentFor(const StandInMac &mac, const AppBundle &app, 
 bool launch(const StandInMac &mac, const AppBundle &app, int anchor)
 {
     QProcess process;
-    process.setProgram(app.executable());
+    // An application leads a session of its own; that tells it from what it starts in turn.
+    process.setProgram(QStringLiteral("setsid"));
+    process.setArguments({app.executable()});
     process.setProcessEnvironment(environmentFor(mac, app, anchor));
     process.setWorkingDirectory(mac.home());
     // Its output would otherwise keep a pipe of the launching program open.
