@@ -7,10 +7,11 @@
 /// Runs tools as tasks of the system.
 class MacProcessRunner final : public ProcessRunner {
 public:
-    MacProcessRunner() = default;
-    /// A tool that runs longer hangs.
-    explicit MacProcessRunner(std::chrono::milliseconds hangLimit)
-        : m_hangLimit(hangLimit)
+    static constexpr std::chrono::milliseconds defaultTimeLimit = std::chrono::minutes(2);
+
+    /// A tool that runs longer than `timeLimit` is killed.
+    explicit MacProcessRunner(std::chrono::milliseconds timeLimit = defaultTimeLimit)
+        : m_timeLimit(timeLimit)
     {
     }
 
@@ -18,5 +19,5 @@ public:
     void start(const FileURL &tool, const QStringList &arguments) override;
 
 private:
-    std::chrono::milliseconds m_hangLimit{std::chrono::minutes(5)};
+    std::chrono::milliseconds m_timeLimit;
 };

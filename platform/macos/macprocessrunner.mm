@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr std::chrono::milliseconds exitPollInterval {1};
+constexpr std::chrono::milliseconds pollInterval {2};
 
 NSTask *makeTask(const FileURL &tool, const QStringList &arguments)
 {
@@ -33,49 +33,51 @@ void launch(NSTask *task)
         throw platformErrorFrom(error);
 }
 
-bool hasInput(int descriptor, QDeadlineTimer deadline)
+bool hasInput(int descriptor, std::chrono::milliseconds patience)
 {
     pollfd input {.fd = descriptor, .events = POLLIN, .revents = 0};
-    int ready = 0;
-    do
-        ready = poll(&input, 1, static_cast<int>(deadline.remainingTime()));
-    while (ready < 0 && errno == EINTR);
-    return ready > 0;
+    return poll(&input, 1, static_cast<int>(patience.count())) > 0;
 }
 
-// What comes until the writers have closed the pipe or the time is up. Read by hand, because a file
-// handle that reads to the end knows no deadline; closed by hand, because a task keeps its pipe.
-QByteArray readToEnd(NSFileHandle *handle, QDeadlineTimer deadline)
+// False at the end of the input.
+bool readPiece(int descriptor, QByteArray &text)
 {
-    const int descriptor = [handle fileDescriptor];
-    QByteArray whole;
     std::array<char, 65536> piece {};
-    while (hasInput(descriptor, deadline)) {
-        const ssize_t count = read(descriptor, piece.data(), piece.size());
-        if (count > 0)
-            whole.append(piece.data(), count);
-        else if (count == 0 || errno != EINTR)
-            break;
-    }
-    [handle closeFile];
-    return whole;
+    const ssize_t count = read(descriptor, piece.data(), piece.size());
+    if (count > 0)
+        text.append(piece.data(), count);
+    return count > 0 || (count < 0 && errno == EINTR);
 }
 
-// Polls, because waitUntilExit turns the run loop while it waits: events would be handled in the
-// middle of the operation that runs the tool.
-void waitForExit(NSTask *task, QDeadlineTimer deadline)
+// What the tool says until it exits or the time is up. Read as it comes, because a tool that has
+// more to say than the pipe holds ends only when read; not to the end of the pipe, which a helper
+// that it left running may keep open for ever. And polled for its exit, because waitUntilExit turns
+// the run loop: events would be handled in the middle of the operation that runs the tool.
+QByteArray readUntilExit(NSTask *task, int descriptor, QDeadlineTimer deadline)
 {
-    while ([task isRunning] && !deadline.hasExpired())
-        std::this_thread::sleep_for(exitPollInterval);
+    using namespace std::chrono_literals;
+    QByteArray text;
+    bool isOpen = true;
+    while (!deadline.hasExpired()) {
+        const bool isRunning = [task isRunning]; // asked before the pipe: what is there then is all
+        if (isOpen && hasInput(descriptor, isRunning ? pollInterval : 0ms))
+            isOpen = readPiece(descriptor, text);
+        else if (!isRunning)
+            break;
+        else if (!isOpen)
+            std::this_thread::sleep_for(pollInterval);
+    }
+    return text;
 }
 
-void killIfRunning(NSTask *task, const FileURL &tool)
+void endIfRunning(NSTask *task, const FileURL &tool, std::chrono::duration<double> limit)
 {
     if (![task isRunning])
         return;
     kill([task processIdentifier], SIGKILL);
-    throw PlatformError(
-        QStringLiteral("“%1” did not finish and was stopped.").arg(tool.lastPathComponent()));
+    throw PlatformError(QStringLiteral("“%1” did not finish in %2 seconds and was ended")
+                            .arg(tool.path())
+                            .arg(limit.count()));
 }
 
 } // namespace
@@ -87,12 +89,11 @@ ProcessResult MacProcessRunner::run(const FileURL &tool, const QStringList &argu
         NSPipe *pipe = [NSPipe pipe];
         [task setStandardError:pipe];
         launch(task); // closes our copy of the pipe's writing end
-        const QDeadlineTimer deadline(m_hangLimit);
-        // Read first, then wait: a tool that has more to say than the pipe holds ends only when
-        // read.
-        const QByteArray diagnostics = readToEnd([pipe fileHandleForReading], deadline);
-        waitForExit(task, deadline);
-        killIfRunning(task, tool);
+        NSFileHandle *reader = [pipe fileHandleForReading];
+        const QByteArray diagnostics
+            = readUntilExit(task, [reader fileDescriptor], QDeadlineTimer(m_timeLimit));
+        [reader closeFile]; // a task keeps its pipe, and may outlive this call
+        endIfRunning(task, tool, m_timeLimit);
         return {.exitStatus = [task terminationStatus], .standardError = diagnostics};
     }
 }

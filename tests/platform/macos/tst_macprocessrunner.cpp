@@ -25,6 +25,8 @@ private Q_SLOTS:
     void standardOutputIsLeftAlone();
     void missingToolCannotBeLaunched();
     void hangingToolIsKilled();
+    void toolThatNeverStopsTalkingIsKilled();
+    void helperThatKeepsThePipeOpenIsNotWaitedFor();
     void noEventIsHandledWhileAToolRuns_data();
     void noEventIsHandledWhileAToolRuns();
     void descriptorsAreGivenBack();
@@ -137,6 +139,25 @@ void MacProcessRunnerTest::hangingToolIsKilled()
         (void)runner.run(shell(),
                          script(QStringLiteral("trap '' TERM; exec 2>&-; exec sleep 60"))));
     QVERIFY(elapsed.elapsed() < 30'000);
+}
+
+void MacProcessRunnerTest::toolThatNeverStopsTalkingIsKilled()
+{
+    MacProcessRunner runner(200ms);
+    QVERIFY_THROWS_EXCEPTION(
+        PlatformError,
+        (void)runner.run(shell(), script(QStringLiteral("while :; do echo more >&2; done"))));
+}
+
+void MacProcessRunnerTest::helperThatKeepsThePipeOpenIsNotWaitedFor()
+{
+    QElapsedTimer elapsed;
+    elapsed.start();
+    const ProcessResult result = MacProcessRunner().run(
+        shell(), script(QStringLiteral("sleep 10 & echo said >&2; exit 4")));
+    QCOMPARE(result.exitStatus, 4);
+    QCOMPARE(result.standardError, QByteArray("said\n"));
+    QVERIFY(elapsed.elapsed() < 9'000);
 }
 
 void MacProcessRunnerTest::noEventIsHandledWhileAToolRuns_data()
