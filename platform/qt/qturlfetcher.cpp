@@ -34,14 +34,13 @@ QCoro::Task<std::optional<QByteArray>> QtURLFetcher::fetch(QUrl url)
     QNetworkRequest request(url);
     request.setTransferTimeout(std::chrono::milliseconds(std::chrono::minutes(1)).count());
     QNetworkReply *reply = manager->get(request); // the manager's child
-    QObject::connect(reply, &QNetworkReply::downloadProgress, reply,
-                     [reply](qint64 received, qint64 total) {
-                         if (std::max(received, total) > largestBody)
-                             reply->abort();
-                     });
+    QObject::connect(reply, &QNetworkReply::readyRead, reply, [reply] {
+        if (reply->bytesAvailable() > largestBody)
+            reply->abort();
+    });
     if (!reply->isFinished())
         co_await qCoro(reply, &QNetworkReply::finished);
-    if (!hasWholeBody(*reply))
+    if (!hasWholeBody(*reply) || reply->bytesAvailable() > largestBody)
         co_return std::nullopt;
     co_return reply->readAll();
 }
