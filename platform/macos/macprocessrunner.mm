@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr std::chrono::milliseconds pollInterval {2};
+constexpr std::chrono::milliseconds pollInterval{2};
 
 NSTask *makeTask(const FileURL &tool, const QStringList &arguments)
 {
@@ -35,14 +35,14 @@ void launch(NSTask *task)
 
 bool hasInput(int descriptor, std::chrono::milliseconds patience)
 {
-    pollfd input {.fd = descriptor, .events = POLLIN, .revents = 0};
+    pollfd input{.fd = descriptor, .events = POLLIN, .revents = 0};
     return poll(&input, 1, static_cast<int>(patience.count())) > 0;
 }
 
 // False at the end of the input.
 bool readPiece(int descriptor, QByteArray &text)
 {
-    std::array<char, 65536> piece {};
+    std::array<char, 65536> piece{};
     const ssize_t count = read(descriptor, piece.data(), piece.size());
     if (count > 0)
         text.append(piece.data(), count);

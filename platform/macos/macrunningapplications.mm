@@ -12,7 +12,7 @@ namespace {
 // that is nil for an application that something other than the workspace started.
 quint64 startTimeOf(pid_t processID)
 {
-    proc_bsdinfo info {};
+    proc_bsdinfo info{};
     constexpr int size = sizeof(info);
     if (proc_pidinfo(processID, PROC_PIDTBSDINFO, 0, &info, size) != size)
         return 0;
