@@ -75,6 +75,10 @@ void makeTemplateApp(const FileURL &bundle, const FileSystem &files)
                               | QFile::ExeGroup | QFile::ReadOther | QFile::ExeOther);
     writeFile(in("Resources/panel.txt"), "panel", files);
     writeFile(in("Frameworks/Grid.framework/Versions/A/Grid"), "code", files);
+    writeFile(in("Frameworks/Grid.framework/Versions/A/Resources/Info.plist"),
+              xml("<dict><key>CFBundleIdentifier</key><string>qx.Grid</string>"
+                  "<key>CFBundleExecutable</key><string>Grid</string></dict>"),
+              files);
     writeFile(in("_CodeSignature/CodeResources"), "seal", files);
     writeFile(in("_MASReceipt/receipt"), "receipt", files);
     writeFile(in("embedded.provisionprofile"), "profile", files);
