@@ -22,6 +22,8 @@ struct DockFolderItem {
     bool operator==(const DockFolderItem &other) const;
 };
 
+Q_DECLARE_TYPEINFO(DockFolderItem, Q_RELOCATABLE_TYPE);
+
 /// One Dock folder of the library: a plain value, equal when every field is equal.
 struct DockFolder {
     QUuid id{}; ///< also names its Dock app
@@ -35,6 +37,8 @@ struct DockFolder {
     /// changed copy of it costs next to nothing.
     bool operator==(const DockFolder &other) const;
 };
+
+Q_DECLARE_TYPEINFO(DockFolder, Q_RELOCATABLE_TYPE);
 
 /// The root of the library file.
 struct DockFolderLibrary {

@@ -23,11 +23,9 @@ bool isPlain(char c)
 // The first character of a JSON string's text that is not plain.
 const char *endOfPlainCharacters(const char *next, const char *end)
 {
-    while (end - next >= PlainCharacters::blockSize) {
-        const qsizetype count = PlainCharacters::count(next);
-        next += count;
-        if (count < PlainCharacters::blockSize)
-            return next;
+    for (; end - next >= PlainCharacters::blockSize; next += PlainCharacters::blockSize) {
+        if (const auto others = PlainCharacters::otherCharacters(next); others != 0)
+            return next + PlainCharacters::countBefore(others);
     }
     while (next != end && isPlain(*next))
         ++next;
@@ -105,26 +103,46 @@ QByteArrayView JSONReader::readEscapedUTF8(const char *start)
     return {m_unescaped.data(), qsizetype(m_unescapedSize)};
 }
 
-void JSONReader::makeRoom()
+void JSONReader::makeRoom(size_t count)
 {
     constexpr size_t minimum = 256;
-    m_unescaped.resize(std::max(minimum, 2 * m_unescaped.size()));
+    if (m_unescaped.size() - m_unescapedSize < count)
+        m_unescaped.resize(std::max(minimum, 2 * m_unescaped.size()));
 }
 
-// A block is copied before it is known how much of it is plain: what is too much is overwritten.
-void JSONReader::copyPlainCharacters()
+// A block is copied before it is known how much of it is plain: what is too much is overwritten. Of
+// an escaped slash, which some writers make of every slash in a picture, only the backslash is
+// dropped.
+void JSONReader::copyPlainBlocks()
 {
     constexpr qsizetype blockSize = PlainCharacters::blockSize;
-    qsizetype count = blockSize;
-    while (count == blockSize && m_end - m_next >= blockSize) {
-        if (m_unescaped.size() - m_unescapedSize < size_t(blockSize))
-            makeRoom();
-        std::memcpy(m_unescaped.data() + m_unescapedSize, m_next, size_t(blockSize));
-        count = PlainCharacters::count(m_next);
-        m_next += count;
-        m_unescapedSize += size_t(count);
+    const char *next = m_next; // locals: what is copied could alias a member
+    const char *const end = m_end;
+    char *out = m_unescaped.data() + m_unescapedSize;
+    const char *const outEnd = m_unescaped.data() + m_unescaped.size();
+    while (end - next >= blockSize && outEnd - out >= blockSize) {
+        std::memcpy(out, next, size_t(blockSize));
+        const auto others = PlainCharacters::otherCharacters(next);
+        const qsizetype count = others == 0 ? blockSize : PlainCharacters::countBefore(others);
+        next += count;
+        out += count;
+        if (others == 0)
+            continue;
+        if (end - next < 2 || next[0] != '\\' || next[1] != '/')
+            break;
+        ++next;
     }
-    while (count == blockSize && m_next != m_end && isPlain(*m_next))
+    m_next = next;
+    m_unescapedSize = size_t(out - m_unescaped.data());
+}
+
+void JSONReader::copyPlainCharacters()
+{
+    do {
+        makeRoom(PlainCharacters::blockSize);
+        copyPlainBlocks();
+    } while (m_end - m_next >= PlainCharacters::blockSize && isPlain(*m_next));
+    while (m_next != m_end && isPlain(*m_next))
         append(char32_t(*m_next++));
 }
 
@@ -139,8 +157,7 @@ void JSONReader::copyMultibyteCharacter()
 
 void JSONReader::append(char32_t character)
 {
-    if (m_unescaped.size() - m_unescapedSize < maximumUTF8Length)
-        makeRoom();
+    makeRoom(maximumUTF8Length);
     char *const out = m_unescaped.data() + m_unescapedSize;
     m_unescapedSize += size_t(writeUTF8(out, character) - out);
 }

@@ -52,12 +52,13 @@ private:
     void enter(char bracket);
 
     QByteArrayView readEscapedUTF8(const char *start);
+    void copyPlainBlocks();
     void copyPlainCharacters();
     void copyMultibyteCharacter();
     void copyEscape();
     [[nodiscard]] char32_t readHexCharacter();
     void append(char32_t character);
-    void makeRoom();
+    void makeRoom(size_t count);
 
     const char *m_next;
     const char *m_end;
