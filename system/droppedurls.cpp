@@ -46,9 +46,11 @@ protected:
     void customEvent(QEvent *) override
     {
         requireMainThread();
-        deleteLater(); // first: the completion may run an event loop of its own
+        // The completion may run an event loop, and this object be gone when it returns.
+        deleteLater();
+        const auto completion = std::move(m_completion);
         if (const QList<FileURL> urls = m_loads->collector.snapshot(); !urls.isEmpty())
-            m_completion(urls);
+            completion(urls);
     }
 
 private:
