@@ -77,24 +77,21 @@ QImage appIcon(const AppBundle &app, int side)
 
 } // namespace
 
+// How large a picture is shows only when it is read. They mostly come smallest first.
 QImage readIconFile(const QString &path, int side)
 {
     if (path.isEmpty())
         return {};
     QImageReader reader(path, QByteArrayLiteral("icns"));
-    int best = -1;
-    int bestWidth = 0;
-    for (int i = 0; i < reader.imageCount(); ++i) {
-        reader.jumpToImage(i);
-        const int width = reader.size().width();
-        const bool isBetter
-            = bestWidth < side ? width > bestWidth : width >= side && width < bestWidth;
-        if (isBetter) {
-            best = i;
-            bestWidth = width;
-        }
+    const int count = reader.imageCount();
+    QImage best;
+    for (int i = 0; i < count && best.width() < side; ++i) {
+        if (!reader.jumpToImage(i))
+            continue;
+        if (const QImage image = reader.read(); image.width() > best.width())
+            best = image;
     }
-    return best >= 0 && reader.jumpToImage(best) ? scaled(reader.read(), side) : QImage();
+    return scaled(best, side);
 }
 
 QImage fileIcon(const QString &path, int side)

@@ -46,8 +46,10 @@ bool Appearance::isDark() const
 
 bool Appearance::canBlend() const
 {
+    if (QGuiApplication::platformName() != u"xcb")
+        return true;
     const auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    return !x11 || hasCompositingManager(x11->connection());
+    return x11 && hasCompositingManager(x11->connection());
 }
 
 QString Appearance::fontFamily() const
