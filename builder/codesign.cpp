@@ -60,7 +60,7 @@ QString CodeSign::codesignDescribe(const FileURL &bundle) const
 {
     // The tool describes a signature on its standard error.
     const ProcessResult result = run({QStringLiteral("-dvvv"), bundle.path()});
-    const QString text = diagnostics(result).value_or(QString());
+    QString text = diagnostics(result).value_or(QString());
     if (!result.succeeded())
         throw CompanionError(CompanionError::Kind::invalidNestletApp, text);
     return text;

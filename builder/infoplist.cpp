@@ -58,8 +58,9 @@ FileURL executableURL(const FileURL &bundle, const QString &name)
 double seconds(qint64 nanoseconds)
 {
     constexpr qint64 second = 1'000'000'000;
-    return static_cast<double>(nanoseconds / second)
-        + static_cast<double>(nanoseconds % second) / static_cast<double>(second);
+    const qint64 whole = nanoseconds / second;
+    const qint64 rest = nanoseconds % second;
+    return static_cast<double>(whole) + static_cast<double>(rest) / static_cast<double>(second);
 }
 
 double buildTime(const FileURL &templateApp, const QString &executable, const FileSystem &files)

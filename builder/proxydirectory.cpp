@@ -49,7 +49,7 @@ QSet<QUuid> ProxyDirectory::installedFolderIDs() const
 
 FileURL ProxyDirectory::proxyAppURL(const DockFolder &folder) const
 {
-    const FileURL primary = url().appendingDirectory(proxyFileName(folder));
+    FileURL primary = url().appendingDirectory(proxyFileName(folder));
     const std::optional<QUuid> owner = readFolderID(primary, m_files);
     if (!owner || *owner == folder.id)
         return primary;
