@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr qsizetype bufferSize = 256 * 1024;
+constexpr qsizetype bufferSize = 262'144;
 
 int writeAll(int to, QByteArrayView bytes)
 {
@@ -127,7 +127,7 @@ int copyAttributes(int from, int to)
     if (length < 0)
         return -1;
     names.truncate(length);
-    for (qsizetype at = 0; at < names.size(); at += qstrlen(names.constData() + at) + 1) {
+    for (qsizetype at = 0; at < names.size(); at = names.indexOf('\0', at) + 1) {
         const char *name = names.constData() + at;
         if (isCopiedAttribute(name) && copyAttribute(from, to, name) < 0)
             return -1;

@@ -23,13 +23,13 @@ QByteArray pathOf(const FileURL &url)
 {
     if (!url.isFileURL())
         return {};
-    const QByteArray path = url.nativePath();
+    QByteArray path = url.nativePath();
     return path.startsWith('/') && !path.contains('\0') ? path : QByteArray();
 }
 
 QByteArray requiredPath(const char *action, const FileURL &url)
 {
-    const QByteArray path = pathOf(url);
+    QByteArray path = pathOf(url);
     if (path.isEmpty())
         throw systemError(action, url.text().toUtf8(), EINVAL);
     return path;

@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr int directoryFlags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW;
+constexpr int openFlags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW;
 
 [[noreturn]] void failRemoving(const QByteArray &path)
 {
@@ -20,10 +20,10 @@ constexpr int directoryFlags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW;
 // Opens a directory, and its permissions first where they are closed to its owner.
 FileDescriptor openForEmptying(int parent, const QByteArray &name, const QByteArray &path)
 {
-    FileDescriptor directory = openAt(parent, name, directoryFlags);
+    FileDescriptor directory = openAt(parent, name, openFlags);
     if (!directory.isOpen() && errno == EACCES
         && ::fchmodat(parent, name.constData(), S_IRWXU, 0) == 0)
-        directory = openAt(parent, name, directoryFlags);
+        directory = openAt(parent, name, openFlags);
     if (!directory.isOpen())
         failRemoving(path);
     if (::faccessat(directory.get(), ".", W_OK | X_OK, AT_EACCESS) < 0)
