@@ -21,9 +21,9 @@
 #include <QGuiApplication>
 #include <QQmlApplicationEngine>
 #include <QQuickWindow>
-#include <QtQml/qqmlextensionplugin.h>
 
-Q_IMPORT_QML_PLUGIN(Nestlet_CompanionPlugin)
+// Generated with the QML module. Naming it keeps the module's types in the program.
+extern void qml_register_types_Nestlet_Companion(); // NOLINT(readability-identifier-naming)
 
 namespace {
 
@@ -88,9 +88,11 @@ int main(int argc, char *argv[])
                              store.applicationBecameActive();
                      });
 
+    [[maybe_unused]] auto *const volatile uiTypes = &qml_register_types_Nestlet_Companion;
     CompanionViewModel viewModel(store);
     QQmlApplicationEngine engine;
     engine.setInitialProperties({{QStringLiteral("model"), QVariant::fromValue(&viewModel)}});
+    engine.addImportPath(QStringLiteral(":/qt/qml"));
     engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Nestlet/Companion/CompanionView.qml")));
     if (engine.rootObjects().isEmpty())
         return EXIT_FAILURE;

@@ -2,6 +2,7 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import QtQuick.Controls.Basic
+import QtQuick.Templates as T
 
 /// An alert over the dimmed window: a title, a message and one or two buttons, the last of which only
 /// dismisses.
@@ -14,7 +15,7 @@ Dialog {
     readonly property bool hasAction: root.actionText !== ""
     signal acted
 
-    anchors.centerIn: Overlay.overlay
+    anchors.centerIn: T.Overlay.overlay
     width: 260
     modal: true
     padding: 16
@@ -24,7 +25,7 @@ Dialog {
     header: null
     footer: null
 
-    Overlay.modal: Rectangle {
+    T.Overlay.modal: Rectangle {
         color: Theme.dimming
     }
 

@@ -2,6 +2,7 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import QtQuick.Controls.Basic
+import Nestlet.Companion
 
 /// The right column for one folder: its name, its place in the Dock and its items.
 Item {
@@ -128,7 +129,7 @@ Item {
             color: Theme.primary
             placeholderTextColor: Theme.tertiary
             selectionColor: Theme.accent
-            selectedTextColor: Theme.onAccent
+            selectedTextColor: Theme.accentText
             leftPadding: 10
             rightPadding: 10
             Accessible.name: qsTr("Folder name")

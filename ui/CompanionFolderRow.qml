@@ -1,5 +1,6 @@
 import QtQuick
 import QtQuick.Controls.Basic
+import Nestlet.Companion
 
 /// One row of the sidebar. Shows plain values, reports drops upwards.
 ItemDelegate {
@@ -96,7 +97,7 @@ ItemDelegate {
                 font.family: Theme.fontFamily
                 font.pixelSize: Theme.bodySize
                 font.bold: true
-                color: root.isEmphasized ? Theme.onAccent : Theme.primary
+                color: root.isEmphasized ? Theme.accentText : Theme.primary
                 elide: Text.ElideRight
                 maximumLineCount: 1
                 Accessible.ignored: true
@@ -107,7 +108,7 @@ ItemDelegate {
                 text: root.caption
                 font.family: Theme.fontFamily
                 font.pixelSize: Theme.captionSize
-                color: root.isEmphasized ? Theme.onAccent : root.isDropTargeted
+                color: root.isEmphasized ? Theme.accentText : root.isDropTargeted
                                            ? Theme.accent : (root.isInstalled && !root.isLocked)
                                              ? Theme.blue : Theme.secondary
                 elide: Text.ElideRight

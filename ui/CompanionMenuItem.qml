@@ -6,7 +6,7 @@ MenuItem {
     id: root
 
     property bool isDestructive: false
-    readonly property color textColor: root.highlighted ? Theme.onAccent : root.isDestructive
+    readonly property color textColor: root.highlighted ? Theme.accentText : root.isDestructive
                                                           ? Theme.red : Theme.primary
 
     implicitHeight: 24

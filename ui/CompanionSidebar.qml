@@ -2,6 +2,7 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import QtQuick.Controls.Basic
+import Nestlet.Companion
 
 /// The left column: the commands of the window and the list of all folders.
 Rectangle {

@@ -2,6 +2,7 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import QtQuick.Controls.Basic
+import Nestlet.Companion
 
 /// The window: the sidebar, the detail of what is selected there, and the dialogs over both.
 ApplicationWindow {

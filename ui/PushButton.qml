@@ -22,7 +22,7 @@ Button {
     contentItem: Text {
         text: root.text
         font: root.font
-        color: root.isDefault ? Theme.onAccent : root.isDestructive ? Theme.red : Theme.primary
+        color: root.isDefault ? Theme.accentText : root.isDestructive ? Theme.red : Theme.primary
         opacity: root.enabled ? 1 : 0.4
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter

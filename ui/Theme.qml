@@ -23,7 +23,7 @@ QtObject {
     readonly property color content: root.isDark ? "#282828" : "#FFFFFF"
     readonly property color sidebar: root.isDark ? "#232325" : "#F2F2F4"
     readonly property color control: root.isDark ? Qt.rgba(1, 1, 1, 0.14) : "#FFFFFF"
-    readonly property color onAccent: "#FFFFFF"
+    readonly property color accentText: "#FFFFFF"
     readonly property color dimming: root.isDark ? Qt.rgba(0, 0, 0, 0.45) : Qt.rgba(0, 0, 0, 0.2)
 
     readonly property string fontFamily: "Inter"
