@@ -3,11 +3,9 @@
 #include <QCoreApplication>
 #include <QThread>
 
-void requireMainThread(std::source_location where)
+void requireMainThread(int line, const char *function)
 {
     const QCoreApplication *application = QCoreApplication::instance();
-    if (!application || QThread::currentThread() != application->thread()) {
-        qFatal("CompanionApp:%u: %s must be called on the main thread",
-               static_cast<unsigned>(where.line()), where.function_name());
-    }
+    if (!application || QThread::currentThread() != application->thread())
+        qFatal("CompanionApp:%d: %s must be called on the main thread", line, function);
 }
