@@ -62,7 +62,9 @@ private:
     {
         const auto byName = m_keys.compare(a.key, b.key);
         // By path where the names are equal, so that the list is the same at each scan.
-        return byName == 0 ? m_urls.at(a.index).text() < m_urls.at(b.index).text() : byName < 0;
+        if (std::is_eq(byName))
+            return m_urls.at(a.index).text() < m_urls.at(b.index).text();
+        return std::is_lt(byName);
     }
 
     CollationKeys m_keys{QLocale()};

@@ -36,7 +36,7 @@ std::optional<QUrl> urlFrom(const QJsonValue &value)
 
 QUrl makeUpdateFeedURL()
 {
-    const QUrl url(QString::fromLatin1(feedAddress), QUrl::StrictMode);
+    QUrl url(QString::fromLatin1(feedAddress), QUrl::StrictMode);
     if (!url.isValid() || url.scheme() != u"https")
         qFatal("The update feed's address is malformed: %s", feedAddress);
     return url;
