@@ -67,8 +67,9 @@ public:
     {
         // An equal folder that is only written differently goes on sharing the kept one's data.
         const qsizetype place = m_finder.find(folder.id);
-        const bool isEqual = place >= 0 && m_kept.m_folders.at(place) == folder;
-        m_folders.append(isEqual ? m_kept.m_folders.at(place) : std::move(folder));
+        if (place >= 0 && m_kept.m_folders.at(place) == folder)
+            folder = m_kept.m_folders.at(place);
+        m_folders.append(std::move(folder));
         m_bytes.push_back({QByteArray::fromRawData(bytes.data(), bytes.size()), false});
         m_decoded.push_back(m_bytes.size() - 1);
     }
@@ -138,8 +139,8 @@ std::vector<QByteArrayView> KeptFolders::pieces() const
     for (const Bytes &bytes : m_bytes) {
         if (pieces.size() > 1)
             pieces.push_back(folderSeparator);
-        pieces.push_back(bytes.json);
+        pieces.emplace_back(bytes.json);
     }
-    pieces.push_back(m_tail);
+    pieces.emplace_back(m_tail);
     return pieces;
 }

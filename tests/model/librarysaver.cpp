@@ -1,9 +1,12 @@
-// Saves one library after the other under the given directory, until it is killed.
+// Saves one library after the other under the given directory, until it is killed. Says so when it
+// begins, and nothing else.
 
 #include "model/libraryfile.h"
 #include "platform/directories.h"
 #include "platform/posix/posixfilesystem.h"
 #include "tests/model/savedversions.h"
+
+#include <cstdio>
 
 namespace {
 
@@ -31,6 +34,8 @@ int main(int argc, char **argv)
     const SaverDirectories directories(QString::fromLocal8Bit(argv[1]));
     LibraryFile file(files, directories);
     (void)file.load(); // what it says is the tests' business
+    std::fputs("saving\n", stdout);
+    std::fflush(stdout);
     for (int version = QByteArray(argv[2]).toInt();; version = (version + 1) % savedVersions)
         file.save(savedVersion(version));
 }

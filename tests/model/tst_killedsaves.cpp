@@ -34,7 +34,7 @@ void runAndKill(const QString &directory, int firstVersion, std::chrono::microse
     QProcess saver;
     saver.start(QStringLiteral(COMPANION_BINARY_DIR "/tests/librarysaver"),
                 {directory, QString::number(firstVersion)});
-    QVERIFY(saver.waitForStarted());
+    QVERIFY(saver.waitForReadyRead());
     std::this_thread::sleep_for(moment);
     ::kill(pid_t(saver.processId()), SIGKILL);
     QVERIFY(saver.waitForFinished());
@@ -54,7 +54,7 @@ void KilledSavesTest::aLibraryIsWholeWheneverItsSaverIsKilled()
     QRandomGenerator random(1);
     QSet<QByteArray> found;
     for (int i = 0; i < kills; ++i) {
-        const std::chrono::microseconds moment(2000 + random.bounded(20000));
+        const std::chrono::microseconds moment(random.bounded(15000));
         runAndKill(support.path(), random.bounded(savedVersions), moment);
         if (QTest::currentTestFailed())
             return;
@@ -67,7 +67,7 @@ void KilledSavesTest::aLibraryIsWholeWheneverItsSaverIsKilled()
         // The library and what the killed save was writing, but not what all of them were.
         QVERIFY(directory.entryList(QDir::Files | QDir::Hidden).size() <= 2);
     }
-    QVERIFY(found.size() > 20); // or the saver was killed before it saved anything
+    QVERIFY(found.size() > 20); // or the saver was killed before it saved much
     QVERIFY(!QFile::exists(support.filePath(QStringLiteral("Nestlet Companion"))));
 }
 
