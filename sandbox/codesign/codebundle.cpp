@@ -56,8 +56,10 @@ CodeBundle bundleAtPlace(const QString &path, const Place &place,
     const QString executable = executableName(info.value_or(QVariantMap()));
     const QString codeDirectory = resolvedVersion(path + place.codeDirectory);
     const qsizetype prefix = place.codeDirectory.size();
-    const auto below
-        = [&](QLatin1StringView whole) { return codeDirectory + QString(whole).mid(prefix); };
+    // The result is named: a sum alone would refer to its parts, which end with the call.
+    const auto below = [&](QLatin1StringView whole) -> QString {
+        return codeDirectory + QString(whole).mid(prefix);
+    };
     return CodeBundle{.path = path,
                       .layout = place.layout,
                       .sealedRoot = path + place.sealedRoot,
