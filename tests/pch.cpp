@@ -1,0 +1,1 @@
+// Compiles the headers that all tests share; see CMakeLists.txt.
