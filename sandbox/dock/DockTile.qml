@@ -46,7 +46,8 @@ Item {
         width: 58
         height: 58
         source: root.icon
-        sourceSize: Qt.size(picture.width, picture.height)
+        sourceSize.width: picture.width
+        sourceSize.height: picture.height
         asynchronous: true
         opacity: mouse.pressed ? 0.7 : 1
         Accessible.ignored: true

@@ -32,7 +32,8 @@ Item {
         width: 60
         height: 60
         source: root.icon
-        sourceSize: Qt.size(picture.width, picture.height)
+        sourceSize.width: picture.width
+        sourceSize.height: picture.height
         asynchronous: true
         Accessible.ignored: true
     }
