@@ -36,7 +36,7 @@ Dialog {
         border.color: Theme.separator
     }
 
-    contentItem: Column {
+    contentItem: Column { // qmllint disable deferred-property-id
         spacing: 8
 
         Text {

@@ -60,7 +60,7 @@ ItemDelegate {
         }
     }
 
-    contentItem: Item {
+    contentItem: Item { // qmllint disable deferred-property-id
         Rectangle {
             id: thumbnail
             anchors.left: parent.left

@@ -17,8 +17,16 @@ ApplicationWindow {
     color: Theme.content
 
     Shortcut {
-        sequences: [StandardKey.New]
+        sequence: "Ctrl+N" // Command-N on a Mac
         onActivated: root.model.createFolder()
+    }
+
+    // The question is about the folder that was shown when it was asked.
+    Connections {
+        target: root.model
+        function onSelectionChanged() {
+            removeDialog.close();
+        }
     }
 
     SplitView {
@@ -38,13 +46,11 @@ ApplicationWindow {
         Item {
             SplitView.fillWidth: true
 
-            Loader {
+            CompanionFolderDetail {
                 anchors.fill: parent
-                active: root.model.detailKind === CompanionViewModel.Folder
-                sourceComponent: CompanionFolderDetail {
-                    folder: root.model.detail
-                    onRemoveRequested: removeDialog.open()
-                }
+                visible: root.model.detailKind === CompanionViewModel.Folder
+                folder: root.model.detail
+                onRemoveRequested: removeDialog.open()
             }
 
             CompanionPlaceholder {

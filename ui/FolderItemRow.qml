@@ -35,7 +35,7 @@ ItemDelegate {
         opacity: root.hovered || root.activeFocus ? 0.06 : 0
     }
 
-    contentItem: Item {
+    contentItem: Item { // qmllint disable deferred-property-id
         Text {
             id: nameText
             anchors.left: parent.left

@@ -17,7 +17,7 @@ class FolderDetailModel final : public QObject {
     Q_PROPERTY(bool isLocked READ isLocked NOTIFY changed)
     Q_PROPERTY(bool isInstalled READ isInstalled NOTIFY changed)
     Q_PROPERTY(bool isInstalling READ isInstalling NOTIFY changed)
-    Q_PROPERTY(qsizetype itemCount READ itemCount NOTIFY changed)
+    Q_PROPERTY(int itemCount READ itemCount NOTIFY changed)
     Q_PROPERTY(ItemListModel *items READ items CONSTANT)
 
 public:
@@ -31,7 +31,7 @@ public:
     [[nodiscard]] bool isLocked() const;
     [[nodiscard]] bool isInstalled() const;
     [[nodiscard]] bool isInstalling() const;
-    [[nodiscard]] qsizetype itemCount() const { return m_folder.items.size(); }
+    [[nodiscard]] int itemCount() const { return m_items.rowCount(); }
     [[nodiscard]] ItemListModel *items() { return &m_items; }
 
     /// Commits an edited name and returns the text that the field is to show then.
