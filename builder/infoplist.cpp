@@ -12,14 +12,11 @@ namespace {
 const QString bundleIdentifierKey = QStringLiteral("CFBundleIdentifier");
 const QString folderIDKey = QStringLiteral("DockFolderID");
 
-QVariant readInfoPlist(const FileURL &bundle, const FileSystem &files)
+// Nothing when the bytes are no property list, or one that is no dictionary.
+std::optional<QVariantMap> dictionaryFrom(const QByteArray &infoPlist, const FileURL &url)
 {
-    const FileURL url = infoPlistURL(bundle);
-    return parsePropertyList(files.read(url), url.path());
-}
-
-std::optional<QVariantMap> asDictionary(const QVariant &value)
-{
+    QVariant value;
+    ignoringErrors([&] { value = parsePropertyList(infoPlist, url.path()); });
     if (value.typeId() != QMetaType::QVariantMap)
         return std::nullopt;
     return value.toMap();
@@ -27,8 +24,9 @@ std::optional<QVariantMap> asDictionary(const QVariant &value)
 
 std::optional<QVariantMap> readableInfoPlist(const FileURL &bundle, const FileSystem &files)
 {
+    const FileURL url = infoPlistURL(bundle);
     std::optional<QVariantMap> dictionary;
-    ignoringErrors([&] { dictionary = asDictionary(readInfoPlist(bundle, files)); });
+    ignoringErrors([&] { dictionary = dictionaryFrom(files.read(url), url); });
     return dictionary;
 }
 
@@ -117,7 +115,7 @@ void rewriteInfoPlist(const FileURL &proxy, const FileURL &templateApp, const Do
                       const FileSystem &files)
 {
     const FileURL url = infoPlistURL(proxy);
-    auto info = asDictionary(readInfoPlist(proxy, files));
+    auto info = dictionaryFrom(files.read(url), url);
     if (!info)
         throw CompanionError(CompanionError::Kind::invalidInfoPlist, url.path());
 

@@ -23,6 +23,7 @@ class FileSystem;
                                                  const FileSystem &files);
 
 /// Makes the Info.plist of a fresh copy of `templateApp` that of `folder`'s Dock app; keys that say
-/// nothing of the folder stay. Throws CompanionError or PlatformError.
+/// nothing of the folder stay. Throws CompanionError when the file holds no dictionary, and
+/// PlatformError when it cannot be read or written.
 void rewriteInfoPlist(const FileURL &proxy, const FileURL &templateApp, const DockFolder &folder,
                       const FileSystem &files);
