@@ -84,10 +84,22 @@ private:
     posix_spawnattr_t m_attributes{};
 };
 
-int waitForExit(pid_t process)
+// Whoever started this program may have left it deaf to the ends of its children. The system would
+// then clear a tool away, and nobody could tell how it ended.
+void listenToChildren()
+{
+    struct sigaction present { };
+    if (::sigaction(SIGCHLD, nullptr, &present) == 0 && present.sa_handler == SIG_IGN)
+        static_cast<void>(::signal(SIGCHLD, SIG_DFL));
+}
+
+int waitForExit(pid_t process, const QByteArray &tool)
 {
     int status = 0;
-    while (::waitpid(process, &status, 0) < 0 && errno == EINTR) { }
+    while (::waitpid(process, &status, 0) < 0) {
+        if (errno != EINTR) // never taken for success
+            throw lastError("Could not wait for", tool);
+    }
     return WIFSIGNALED(status) ? WTERMSIG(status) : WEXITSTATUS(status);
 }
 
@@ -150,17 +162,18 @@ Program programFor(const FileURL &tool, const QStringList &arguments, const QStr
 ProcessResult PortableProcessRunner::run(const FileURL &tool, const QStringList &arguments)
 {
     const Program program = programFor(tool, arguments, m_root);
+    listenToChildren();
     Pipe pipe = makePipe(program.path);
     const pid_t process = SpawnRules(pipe.writer.get()).spawn(program);
     pipe.writer.close();
     ProcessResult result;
     if (readUntilExit(process, pipe.reader.get(), steady_clock::now() + m_timeLimit,
                       result.standardError)) {
-        result.exitStatus = waitForExit(process);
+        result.exitStatus = waitForExit(process, program.path);
         return result;
     }
     ::kill(-process, SIGKILL);
-    waitForExit(process);
+    waitForExit(process, program.path);
     throw PlatformError(QStringLiteral("“%1” did not finish in %2 seconds and was ended")
                             .arg(tool.path())
                             .arg(std::chrono::duration<double>(m_timeLimit).count()));

@@ -22,6 +22,7 @@ private Q_SLOTS:
     void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral(".*"))); }
     void reportsTheExitStatus();
     void reportsTheSignal();
+    void reportsTheExitStatusToAProgramThatIgnoresItsChildren();
     void capturesStandardError_data();
     void capturesStandardError();
     void handsArgumentsOverAsTheyAre();
@@ -61,6 +62,14 @@ void PortableProcessRunnerTest::reportsTheSignal()
     QCOMPARE(result.exitStatus, SIGSEGV);
     QCOMPARE(result.standardError, QByteArray("before\n"));
     QVERIFY(!result.succeeded());
+}
+
+void PortableProcessRunnerTest::reportsTheExitStatusToAProgramThatIgnoresItsChildren()
+{
+    const auto before = ::signal(SIGCHLD, SIG_IGN); // as some parents leave it
+    const int status = shell(QStringLiteral("exit 3")).exitStatus;
+    ::signal(SIGCHLD, before);
+    QCOMPARE(status, 3);
 }
 
 void PortableProcessRunnerTest::capturesStandardError_data()
