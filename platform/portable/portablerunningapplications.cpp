@@ -1,5 +1,6 @@
 #include "platform/portable/portablerunningapplications.h"
 
+#include "platform/error.h"
 #include "platform/portable/environment.h"
 #include "platform/portable/pidfd.h"
 #include "platform/posix/directorylisting.h"
@@ -68,12 +69,14 @@ QList<qint64> ownProcessIDs()
     if (!directory.isOpen())
         return {};
     QList<qint64> ids;
-    for (const ListedEntry &entry : listDirectory(std::move(directory), proc)) {
-        bool isNumber = false;
-        const qint64 id = entry.name.toLongLong(&isNumber);
-        if (isNumber && isOwn(id))
-            ids.append(id);
-    }
+    ignoringErrors([&] {
+        for (const ListedEntry &entry : listDirectory(std::move(directory), proc)) {
+            bool isNumber = false;
+            const qint64 id = entry.name.toLongLong(&isNumber);
+            if (isNumber && isOwn(id))
+                ids.append(id);
+        }
+    });
     return ids;
 }
 
