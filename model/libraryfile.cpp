@@ -30,7 +30,9 @@ struct LibraryFile::State {
     {
     }
 
+    [[nodiscard]] std::optional<QList<DockFolder>> readFolders();
     void keepFileIfUndecodable();
+    void know(std::optional<QList<DockFolder>> folders);
 
     const FileSystem &files;
     FileURL directory;
@@ -39,7 +41,30 @@ struct LibraryFile::State {
     LibraryBackups backups;
     KeptFolders kept;
     std::optional<FileIdentity> decodable; ///< the state of the file last known to be a library
+    std::optional<QList<DockFolder>> known; ///< what the file held when last looked at or changed
+    bool isKnown = false;
 };
+
+std::optional<QList<DockFolder>> LibraryFile::State::readFolders()
+{
+    decodable.reset();
+    // Taken before reading: a change in between then counts as one by somebody else.
+    const std::optional<FileIdentity> identity = files.identity(url);
+    const std::optional<QByteArray> bytes = readIfPossible(files, url);
+    if (!bytes)
+        return std::nullopt;
+    std::optional<QList<DockFolder>> folders = kept.decode(*bytes);
+    if (!folders)
+        return std::nullopt;
+    decodable = identity;
+    return folders->isEmpty() ? std::nullopt : folders;
+}
+
+void LibraryFile::State::know(std::optional<QList<DockFolder>> folders)
+{
+    known = std::move(folders);
+    isKnown = true;
+}
 
 // What load could not use, or somebody else wrote since, is about to be overwritten.
 void LibraryFile::State::keepFileIfUndecodable()
@@ -71,19 +96,13 @@ FileURL LibraryFile::directory() const
     return m_state->directory;
 }
 
-std::optional<QList<DockFolder>> LibraryFile::load()
+LibraryFile::Contents LibraryFile::load()
 {
-    m_state->decodable.reset();
-    // Taken before reading: a change in between then counts as one by somebody else.
-    const std::optional<FileIdentity> identity = m_state->files.identity(url());
-    const std::optional<QByteArray> bytes = readIfPossible(m_state->files, url());
-    if (!bytes)
-        return std::nullopt;
-    std::optional<QList<DockFolder>> folders = m_state->kept.decode(*bytes);
-    if (!folders)
-        return std::nullopt;
-    m_state->decodable = identity;
-    return folders->isEmpty() ? std::nullopt : folders;
+    Contents contents{.folders = m_state->readFolders()};
+    // Quick, since what did not change is shared.
+    contents.isUnchanged = m_state->isKnown && m_state->known == contents.folders;
+    m_state->know(contents.folders);
+    return contents;
 }
 
 void LibraryFile::save(const DockFolderLibrary &library)
@@ -92,6 +111,7 @@ void LibraryFile::save(const DockFolderLibrary &library)
     m_state->keepFileIfUndecodable();
     m_state->files.writeAtomically(url(), m_state->kept.encode(library));
     m_state->decodable = m_state->files.identity(url());
+    m_state->know(library.folders.isEmpty() ? std::nullopt : std::optional(library.folders));
 }
 
 void LibraryFile::removeAll()
@@ -99,4 +119,5 @@ void LibraryFile::removeAll()
     ignoringErrors([this] { m_state->files.remove(url()); });
     ignoringErrors([this] { m_state->files.remove(m_state->ownDirectory); });
     m_state->decodable.reset();
+    m_state->know(std::nullopt);
 }

@@ -21,8 +21,14 @@ public:
     /// "Nestlet" in Application Support: the directory to watch.
     [[nodiscard]] FileURL directory() const;
 
-    /// The folders in the file now; nothing when it cannot be read or decoded or holds no folder.
-    [[nodiscard]] std::optional<QList<DockFolder>> load();
+    /// What a load finds.
+    struct Contents {
+        /// Nothing when the file cannot be read or decoded or holds no folder.
+        std::optional<QList<DockFolder>> folders{};
+        /// The same as when the file was last loaded, saved or removed from here.
+        bool isUnchanged{};
+    };
+    [[nodiscard]] Contents load();
 
     /// Replaces the file, atomically. A file that was there and could not be decoded is kept first,
     /// once per content, in "Nestlet Companion/Backups" in Application Support. Throws

@@ -101,18 +101,14 @@ void CompanionStore::load()
 {
     requireMainThread();
     m_isReloading = true;
-    const std::optional<QList<DockFolder>> loaded = m_.library.load();
-    if (!std::exchange(m_lockedFolderIDs, {}).isEmpty())
+    const LibraryFile::Contents read = m_.library.load();
+    const bool hadLockedFolders = !std::exchange(m_lockedFolderIDs, {}).isEmpty();
+    if (hadLockedFolders)
         Q_EMIT lockedFolderIDsChanged();
-    if (loaded) {
-        m_unsavedDefault.clear();
-        setFolders(*loaded);
-    } else if (m_unsavedDefault.isEmpty() || m_unsavedDefault != m_folders) {
-        // Once made up, the default stays until there is a library: a fresh one at each event would
-        // take the selection and the text being typed from the user.
-        m_unsavedDefault = {newDockFolder(1)};
-        setFolders(m_unsavedDefault);
-    }
+    // A file that is what it was has nothing to tell, while here may be more: what could not be
+    // saved, or the folder made up for want of a library.
+    if (!read.isUnchanged || hadLockedFolders || m_folders.isEmpty())
+        setFolders(read.folders ? *read.folders : QList{newDockFolder(1)});
     QSet<QUuid> ids;
     for (const DockFolder &folder : std::as_const(m_folders))
         ids.insert(folder.id);
@@ -131,7 +127,6 @@ void CompanionStore::save()
     library.selectedFolderID = m_folders.isEmpty() ? fallbackFolder().id : m_folders.first().id;
     try {
         m_.library.save(library);
-        m_unsavedDefault.clear();
     } catch (const Error &error) {
         setErrorMessage(error.description());
     }

@@ -130,12 +130,12 @@ private:
     [[nodiscard]] QList<QUuid> unlockedFolderIDs() const;
 
     void refreshInstalledProxies();
+    void startRebuild(const QUuid &id, const QList<FileURL> &proxies);
     QCoro::Task<> rebuildProxies(QUuid id, QList<FileURL> proxies);
     QCoro::Task<> fetchUpdateInfo();
 
     Collaborators m_;
     QList<DockFolder> m_folders;
-    QList<DockFolder> m_unsavedDefault; ///< the folders made up for want of a library, if any
     QString m_errorMessage;
     QSet<QUuid> m_lockedFolderIDs;
     std::optional<UpdateInfo> m_availableUpdate;

@@ -169,7 +169,6 @@ void CompanionStore::resetEverything()
     m_.proxies.removeEverything(unlockedFolderIDs());
     m_.library.removeAll();
     clearError();
-    m_unsavedDefault = {newDockFolder(1)};
-    setFolders(m_unsavedDefault);
+    setFolders({newDockFolder(1)});
     refreshPresence();
 }

@@ -6,12 +6,14 @@
 
 #include <QDir>
 #include <QFile>
+#include <QRegularExpression>
 #include <QTest>
 
 class LibraryFileTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral(".*"))); }
     void isInApplicationSupport();
     void thereIsNoLibraryWithoutAFile();
     void aLibraryWithoutFoldersIsNone();
@@ -26,6 +28,9 @@ private Q_SLOTS:
     void aFolderWrittenDifferentlyIsStillShared();
     void foldersAreSharedBeyondInsertionsRemovalsAndMoves();
     void aFailedLoadForgetsNothing();
+    void tellsWhetherTheFileChanged();
+    void aFailedSaveIsNoChangeOfTheFile();
+    void noLibraryStaysTheSame();
     void savesWhatAPlainEncoderWould();
     void survivesManyRandomEdits();
 
@@ -102,14 +107,14 @@ void LibraryFileTest::isInApplicationSupport()
 void LibraryFileTest::thereIsNoLibraryWithoutAFile()
 {
     Bench bench;
-    QCOMPARE(bench.file.load(), std::nullopt);
+    QCOMPARE(bench.file.load().folders, std::nullopt);
 }
 
 void LibraryFileTest::aLibraryWithoutFoldersIsNone()
 {
     Bench bench;
     bench.write(encodeLibrary({}));
-    QCOMPARE(bench.file.load(), std::nullopt);
+    QCOMPARE(bench.file.load().folders, std::nullopt);
 }
 
 void LibraryFileTest::loadsWhatWasSaved()
@@ -117,9 +122,9 @@ void LibraryFileTest::loadsWhatWasSaved()
     Bench bench;
     const DockFolderLibrary library = sampleLibrary();
     bench.file.save(library);
-    QCOMPARE(bench.file.load(), std::optional(library.folders));
+    QCOMPARE(bench.file.load().folders, std::optional(library.folders));
     LibraryFile another(bench.files, bench.directories);
-    QCOMPARE(another.load(), std::optional(library.folders));
+    QCOMPARE(another.load().folders, std::optional(library.folders));
 }
 
 void LibraryFileTest::createsItsDirectory()
@@ -137,7 +142,7 @@ void LibraryFileTest::savesCompactlyWhateverItRead()
     const QByteArray compact = encodeLibrary(library);
     bench.write(
         QByteArray(compact).replace("/", R"(\/)").replace(R"({"id")", R"({ "more" : 1, "id")"));
-    QCOMPARE(bench.file.load(), std::optional(library.folders));
+    QCOMPARE(bench.file.load().folders, std::optional(library.folders));
     bench.file.save(library);
     QCOMPARE(bench.bytes(), compact);
 }
@@ -147,15 +152,15 @@ void LibraryFileTest::theEchoOfASaveIsTheSameList()
     Bench bench;
     const DockFolderLibrary library = sampleLibrary();
     bench.file.save(library);
-    QCOMPARE(bench.file.load()->constData(), library.folders.constData());
+    QCOMPARE(bench.file.load().folders->constData(), library.folders.constData());
 }
 
 void LibraryFileTest::anUnchangedFileIsTheSameList()
 {
     Bench bench;
     bench.write(encodeLibrary(sampleLibrary()).replace(",", " , "));
-    const QList<DockFolder> first = bench.file.load().value();
-    const QList<DockFolder> second = bench.file.load().value();
+    const QList<DockFolder> first = bench.file.load().folders.value();
+    const QList<DockFolder> second = bench.file.load().folders.value();
     QCOMPARE(second.constData(), first.constData());
 }
 
@@ -180,12 +185,12 @@ void LibraryFileTest::onlyTheChangedFolderIsNew()
         bench.file.save(library);
     else
         bench.write(encodeLibrary(library));
-    const QList<DockFolder> before = bench.file.load().value();
+    const QList<DockFolder> before = bench.file.load().folders.value();
 
     library.folders[changed].name = QStringLiteral("another");
     for (int round = 0; round < 2; ++round) { // what was shared once goes on being shared
         bench.write(encodeLibrary(library));
-        const QList<DockFolder> after = bench.file.load().value();
+        const QList<DockFolder> after = bench.file.load().folders.value();
         QCOMPARE(after, library.folders);
         for (int i = 0; i < 4; ++i)
             QCOMPARE(isShared(after.at(i), before.at(i)), i != changed);
@@ -199,7 +204,7 @@ void LibraryFileTest::aFolderWrittenDifferentlyIsStillShared()
     const DockFolderLibrary library = sampleLibrary();
     bench.file.save(library);
     bench.write(encodeLibrary(library).replace("/", R"(\/)"));
-    const QList<DockFolder> after = bench.file.load().value();
+    const QList<DockFolder> after = bench.file.load().folders.value();
     for (int i = 0; i < 4; ++i)
         QVERIFY(isShared(after.at(i), library.folders.at(i)));
 }
@@ -214,7 +219,7 @@ void LibraryFileTest::foldersAreSharedBeyondInsertionsRemovalsAndMoves()
     changed.folders.move(0, 3);
     changed.folders.insert(2, LibraryGenerator(2).oddFolder());
     bench.write(encodeLibrary(changed));
-    const QList<DockFolder> after = bench.file.load().value();
+    const QList<DockFolder> after = bench.file.load().folders.value();
     QCOMPARE(after, changed.folders);
     for (const DockFolder &folder : after) {
         const auto old = std::ranges::find(library.folders, folder.id, &DockFolder::id);
@@ -229,9 +234,54 @@ void LibraryFileTest::aFailedLoadForgetsNothing()
     DockFolderLibrary library = sampleLibrary();
     bench.file.save(library);
     bench.write(encodeLibrary(library).chopped(1));
-    QCOMPARE(bench.file.load(), std::nullopt);
+    QCOMPARE(bench.file.load().folders, std::nullopt);
     bench.write(encodeLibrary(library));
-    QVERIFY(isShared(bench.file.load()->constLast(), library.folders.constLast()));
+    QVERIFY(isShared(bench.file.load().folders->constLast(), library.folders.constLast()));
+}
+
+void LibraryFileTest::tellsWhetherTheFileChanged()
+{
+    Bench bench;
+    DockFolderLibrary library = sampleLibrary();
+    bench.write(encodeLibrary(library));
+    QVERIFY(!bench.file.load().isUnchanged); // nobody has looked before
+    QVERIFY(bench.file.load().isUnchanged);
+    library.folders[1].name = QStringLiteral("another");
+    bench.write(encodeLibrary(library));
+    QVERIFY(!bench.file.load().isUnchanged);
+    QVERIFY(bench.file.load().isUnchanged);
+    library.folders.removeLast();
+    bench.file.save(library);
+    QVERIFY(bench.file.load().isUnchanged);
+}
+
+void LibraryFileTest::aFailedSaveIsNoChangeOfTheFile()
+{
+    Bench bench;
+    DockFolderLibrary library = sampleLibrary();
+    bench.file.save(library);
+    library.folders[1].name = QStringLiteral("another");
+    library.folders.removeFirst();
+    bench.files.fail(FakeFileSystem::Operation::Write);
+    QVERIFY_THROWS_EXCEPTION(PlatformError, bench.file.save(library));
+    QVERIFY(bench.file.load().isUnchanged);
+    bench.write(encodeLibrary(library)); // by somebody else, who did what we could not
+    QVERIFY(!bench.file.load().isUnchanged);
+}
+
+void LibraryFileTest::noLibraryStaysTheSame()
+{
+    Bench bench;
+    QVERIFY(!bench.file.load().isUnchanged);
+    QVERIFY(bench.file.load().isUnchanged);
+    bench.write("no library");
+    QVERIFY(bench.file.load().isUnchanged);
+    bench.file.save(sampleLibrary());
+    bench.files.files.remove(bench.file.url());
+    QVERIFY(!bench.file.load().isUnchanged);
+    bench.file.save(sampleLibrary());
+    bench.file.removeAll();
+    QVERIFY(bench.file.load().isUnchanged);
 }
 
 void LibraryFileTest::savesWhatAPlainEncoderWould()
@@ -279,7 +329,7 @@ void LibraryFileTest::survivesManyRandomEdits()
                 encodeLibrary(library).replace("\":", random.number(2) == 0 ? "\" :" : "\":"));
         }
         if (random.number(3) != 0)
-            library.folders = bench.file.load().value();
+            library.folders = bench.file.load().folders.value();
     }
     QVERIFY(bench.backedUp().isEmpty());
 }
@@ -288,7 +338,7 @@ void LibraryFileTest::keepsAFileThatCannotBeDecoded()
 {
     Bench bench;
     bench.write("precious");
-    QCOMPARE(bench.file.load(), std::nullopt);
+    QCOMPARE(bench.file.load().folders, std::nullopt);
     QVERIFY(bench.backedUp().isEmpty());
     bench.file.save(sampleLibrary());
     QCOMPARE(bench.backedUp(), QByteArrayList{"precious"});
@@ -302,7 +352,7 @@ void LibraryFileTest::keepsEachContentOnce()
     Bench bench;
     for (const char *content : {"one", "two", "one", "", "two"}) {
         bench.write(content);
-        QCOMPARE(bench.file.load(), std::nullopt);
+        QCOMPARE(bench.file.load().folders, std::nullopt);
         bench.file.save(sampleLibrary());
     }
     QByteArrayList kept = bench.backedUp();
@@ -316,7 +366,7 @@ void LibraryFileTest::keepsNothingOfALibrary()
     bench.write(encodeLibrary(sampleLibrary(2)));
     bench.file.save(sampleLibrary()); // never loaded
     bench.write(encodeLibrary({}));
-    QCOMPARE(bench.file.load(), std::nullopt);
+    QCOMPARE(bench.file.load().folders, std::nullopt);
     bench.file.save(sampleLibrary());
     bench.write(encodeLibrary(sampleLibrary(3)));
     bench.file.save(sampleLibrary()); // changed since
@@ -327,7 +377,7 @@ void LibraryFileTest::keepsWhatSomebodyElseBrokeAfterALoad()
 {
     Bench bench;
     bench.write(encodeLibrary(sampleLibrary()));
-    QVERIFY(bench.file.load());
+    QVERIFY(bench.file.load().folders);
     bench.write("broken since");
     bench.file.save(sampleLibrary());
     QCOMPARE(bench.backedUp(), QByteArrayList{"broken since"});
@@ -349,7 +399,7 @@ void LibraryFileTest::movesAFileAsideThatCannotBeRead()
     bench.files.fail(FakeFileSystem::Operation::Read, QStringLiteral("Nestlet.json"), EIO);
     for (const char *content : {"first", "second"}) {
         bench.write(content);
-        QCOMPARE(bench.file.load(), std::nullopt);
+        QCOMPARE(bench.file.load().folders, std::nullopt);
         bench.file.save(sampleLibrary());
         QCOMPARE(bench.bytes(), encodeLibrary(sampleLibrary()));
     }
@@ -363,7 +413,7 @@ void LibraryFileTest::movesADirectoryAside()
     Bench bench;
     bench.files.files.createDirectories(
         FileURL::directory(bench.file.url().path() + QStringLiteral("/within")));
-    QCOMPARE(bench.file.load(), std::nullopt);
+    QCOMPARE(bench.file.load().folders, std::nullopt);
     bench.file.save(sampleLibrary());
     QCOMPARE(bench.bytes(), encodeLibrary(sampleLibrary()));
     QVERIFY(bench.backups().exists(QStringLiteral("Nestlet unreadable.json/within")));
@@ -398,7 +448,7 @@ void LibraryFileTest::aFailedSaveLeavesTheOldFile()
     bench.files.fail(FakeFileSystem::Operation::Write);
     QVERIFY_THROWS_EXCEPTION(PlatformError, bench.file.save(changed));
     QCOMPARE(bench.bytes(), encodeLibrary(library));
-    QCOMPARE(bench.file.load(), std::optional(library.folders));
+    QCOMPARE(bench.file.load().folders, std::optional(library.folders));
     bench.files.failures.clear();
     bench.file.save(changed);
     QCOMPARE(bench.bytes(), encodeLibrary(changed));
@@ -427,9 +477,9 @@ void LibraryFileTest::removesTheFileAndTheBackups()
     bench.file.removeAll();
     QVERIFY(!QFile::exists(bench.file.url().path()));
     QVERIFY(!QFile::exists(bench.support() + QStringLiteral("/Nestlet Companion")));
-    QCOMPARE(bench.file.load(), std::nullopt);
+    QCOMPARE(bench.file.load().folders, std::nullopt);
     bench.file.save(sampleLibrary());
-    QCOMPARE(bench.file.load(), std::optional(sampleLibrary().folders));
+    QCOMPARE(bench.file.load().folders, std::optional(sampleLibrary().folders));
 }
 
 void LibraryFileTest::removingNothingIsNoError()

@@ -1,3 +1,4 @@
+#include "model/libraryjson.h"
 #include "tests/store/storefixture.h"
 
 #include <QSignalSpy>
@@ -21,6 +22,9 @@ private Q_SLOTS:
     void anOutsideChangeIsShownWithoutWritingItBack();
     void theEchoOfTheOwnSaveChangesNothing();
     void theDefaultFolderOutlivesEventsWithoutALibrary();
+    void whatCouldNotBeSavedOutlivesEventsOfAnUnchangedFile_data();
+    void whatCouldNotBeSavedOutlivesEventsOfAnUnchangedFile();
+    void anOutsideChangeReplacesWhatCouldNotBeSaved();
     void aFileThatGoesAwayGivesOneNewFolder();
     void withoutAWatcherTheStoreWorks();
     void aLockedFolderIsLeftOutButNamedAsSelected();
@@ -143,6 +147,48 @@ void StoreLibraryTest::theDefaultFolderOutlivesEventsWithoutALibrary()
     const QUuid id = store().folders().first().id;
     change();
     QCOMPARE(store().folders().first().id, id);
+}
+
+void StoreLibraryTest::whatCouldNotBeSavedOutlivesEventsOfAnUnchangedFile_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::newRow("a library") << encodeLibrary({.folders = {folderNamed(QStringLiteral("Work"))}});
+    QTest::newRow("no library") << QByteArrayLiteral("hello");
+    QTest::newRow("no file") << QByteArray();
+}
+
+void StoreLibraryTest::whatCouldNotBeSavedOutlivesEventsOfAnUnchangedFile()
+{
+    QFETCH(QByteArray, bytes);
+    if (!bytes.isNull())
+        m_fixture->writeLibraryBytes(bytes);
+    store().start();
+    m_fixture->files.fail(Operation::Write, QStringLiteral("Nestlet.json"));
+    store().renameFolder(store().folders().first().id, QStringLiteral("Play"));
+    store().addFolder();
+    const QList<DockFolder> edited = store().folders();
+    const QSignalSpy changes(&store(), &CompanionStore::foldersChanged);
+    change();
+    QCOMPARE(changes.count(), 0);
+    QCOMPARE(store().folders(), edited);
+
+    // The next save that succeeds writes all of it.
+    m_fixture->files.failures.clear();
+    store().setAccentColor(edited.first().id, QStringLiteral("#112233"));
+    change();
+    QCOMPARE(namesOf(m_fixture->savedLibrary()->folders), namesOf(edited));
+    QCOMPARE(store().folders(), m_fixture->savedLibrary()->folders);
+}
+
+void StoreLibraryTest::anOutsideChangeReplacesWhatCouldNotBeSaved()
+{
+    m_fixture->writeLibrary({folderNamed(QStringLiteral("Work"))});
+    store().start();
+    m_fixture->files.fail(Operation::Write, QStringLiteral("Nestlet.json"));
+    store().addFolder();
+    m_fixture->writeLibrary({folderNamed(QStringLiteral("Theirs"))});
+    change();
+    QCOMPARE(namesOf(store().folders()), QStringList{QStringLiteral("Theirs")});
 }
 
 void StoreLibraryTest::aFileThatGoesAwayGivesOneNewFolder()
