@@ -9,20 +9,20 @@
 #include "platform/workspace.h"
 #include "store/proxylifecycle.h"
 
+#include <QHash>
 #include <QPointer>
 
 QCoro::Task<> CompanionStore::installProxy(QUuid id)
 {
     requireMainThread();
-    const std::optional<DockFolder> installed = folder(id);
-    if (!installed || isLocked(id))
+    if (!folder(id) || isLocked(id) || id == appStoreFolderID())
         co_return;
     const QPointer<CompanionStore> self(this);
     m_installingFolderIDs.insert(id);
     Q_EMIT presenceChanged();
     QString failure;
     try {
-        co_await m_.proxies.install(*installed);
+        co_await m_.proxies.install(id);
     } catch (const Error &error) {
         failure = error.description();
     }
@@ -45,10 +45,13 @@ void CompanionStore::installAllProxies()
 void CompanionStore::scheduleProxyUpdate(const QUuid &id)
 {
     requireMainThread();
-    if (!folder(id) || m_activeProxyUpdateIDs.contains(id))
-        return;
-    const QList<FileURL> proxies = m_.proxyDirectory.installedProxyURLs(id);
-    if (proxies.isEmpty())
+    if (folder(id) && !m_activeProxyUpdateIDs.contains(id))
+        startRebuild(id, m_.proxyDirectory.installedProxyURLs(id));
+}
+
+void CompanionStore::startRebuild(const QUuid &id, const QList<FileURL> &proxies)
+{
+    if (proxies.isEmpty() || m_activeProxyUpdateIDs.contains(id) || id == appStoreFolderID())
         return;
     m_activeProxyUpdateIDs.insert(id);
     rebuildProxies(id, proxies);
@@ -70,8 +73,13 @@ void CompanionStore::refreshInstalledProxies()
 {
     if (!m_.templateApp.isNestletInstalled())
         return;
+    QHash<QUuid, QList<FileURL>> installed; // by one look at the directory for all folders
+    for (const ProxyDirectory::Entry &entry : m_.proxyDirectory.entries()) {
+        if (entry.folderID)
+            installed[*entry.folderID].append(entry.url);
+    }
     for (const DockFolder &folder : std::as_const(m_folders))
-        scheduleProxyUpdate(folder.id);
+        startRebuild(folder.id, installed.value(folder.id));
 }
 
 void CompanionStore::revealProxy(const QUuid &id)

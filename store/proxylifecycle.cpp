@@ -35,26 +35,33 @@ ProxyLifecycle::ProxyLifecycle(const Collaborators &collaborators, FolderLookup 
 {
 }
 
-QCoro::Task<> ProxyLifecycle::install(DockFolder folder)
+QCoro::Task<> ProxyLifecycle::install(QUuid folderID)
 {
     const QPointer<ProxyLifecycle> self(this);
     co_await m_turns.next();
+    if (!self)
+        co_return;
     const FileURL templateApp = m_.templateApp.locateNestletApp();
-    const FileURL target = m_.directory.proxyAppURL(folder);
-    co_await terminateRunningProxies(folder.id);
+    co_await terminateRunningProxies(folderID);
     if (!self)
         co_return;
     co_await m_turns.next();
-    if (!self || !m_folderNow(folder.id))
+    if (!self)
+        co_return;
+    // As it is now: during the waits it may have been renamed or have gone.
+    const std::optional<DockFolder> folder = m_folderNow(folderID);
+    if (!folder)
         co_return;
 
-    for (const FileURL &proxy : m_.directory.installedProxyURLs(folder.id)) {
+    // No wait from here on: another folder of the same name would be given the same place.
+    const FileURL target = m_.directory.proxyAppURL(*folder);
+    for (const FileURL &proxy : m_.directory.installedProxyURLs(folderID)) {
         if (proxy.path() != target.path())
             unregisterAndRemove(proxy);
     }
     removeIfOccupied(target);
     m_.files.createDirectories(target.deletingLastPathComponent());
-    m_.builder.buildProxy(templateApp, target, folder);
+    m_.builder.buildProxy(templateApp, target, *folder);
     launchProxy(target, Activation::Foreground);
 }
 

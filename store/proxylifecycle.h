@@ -43,7 +43,7 @@ public:
     /// Builds the folder's proxy under its present name, removes those under old names and launches
     /// it in front. Throws CompanionError or PlatformError; a folder that goes meanwhile is left
     /// alone.
-    QCoro::Task<> install(DockFolder folder);
+    QCoro::Task<> install(QUuid folderID);
     /// Builds an installed proxy anew where it is and launches it in the background. Failures go to
     /// the system log only.
     QCoro::Task<> rebuild(QUuid folderID, FileURL proxy);

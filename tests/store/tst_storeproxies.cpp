@@ -1,6 +1,7 @@
 #include "tests/store/storefixture.h"
 
 #include "builder/infoplist.h"
+#include "model/uuidtext.h"
 #include "tests/builder/bundles.h"
 
 #include <QSignalSpy>
@@ -35,8 +36,13 @@ private Q_SLOTS:
     void otherEditsRebuildNothing();
     void aFailedRebuildIsOnlyLogged();
     void startRebuildsEveryInstalledProxy();
+    void startLooksAtTheProxyDirectoryNoMoreOftenForMoreFolders();
     void startWithoutNestletRebuildsNothing();
+    void startLooksAtTheProxyDirectoryAsOftenForManyFoldersAsForOne();
     void addAllInstallsEveryUnlockedFolder();
+    void addAllGivesFoldersOfOneNameABundleEach();
+    void theAppStoreFolderNeverGetsADockApp();
+    void aFolderRenamedWhileItsCopiesQuitIsInstalledUnderTheNewName();
     void deletingAFolderRemovesItsProxyTilesAndCopies();
     void resetRemovesEverything();
     void aProxyDirectoryThatIsAFileIsAnErrorToShow();
@@ -79,6 +85,7 @@ private:
 
 void StoreProxiesTest::init()
 {
+    QTest::failOnWarning(QRegularExpression(QStringLiteral(".")));
     m_fixture = std::make_unique<StoreFixture>();
     m_fixture->installNestlet();
 }
@@ -329,6 +336,24 @@ void StoreProxiesTest::startRebuildsEveryInstalledProxy()
                                            {threeApp, Activation::Background}}));
 }
 
+void StoreProxiesTest::startLooksAtTheProxyDirectoryNoMoreOftenForMoreFolders()
+{
+    const auto listings = [this](int folderCount) {
+        init();
+        QList<DockFolder> folders;
+        for (int i = 0; i < folderCount; ++i) {
+            folders.append(folderNamed(QString::number(i)));
+            m_fixture->installProxyBundle(folders.last());
+        }
+        m_fixture->writeLibrary(folders);
+        store().start();
+        const qsizetype count = m_fixture->files.count(Operation::Contents);
+        m_fixture->finishEverything(); // the rebuilds, which look by themselves
+        return count;
+    };
+    QCOMPARE(listings(40), listings(2));
+}
+
 void StoreProxiesTest::startWithoutNestletRebuildsNothing()
 {
     m_fixture->files.files.remove(m_fixture->nestletURL());
@@ -340,6 +365,22 @@ void StoreProxiesTest::startWithoutNestletRebuildsNothing()
     QVERIFY(m_fixture->workspace.opened.isEmpty());
     QVERIFY(m_fixture->processes.calls.isEmpty());
     QVERIFY(!store().isNestletInstalled());
+}
+
+void StoreProxiesTest::startLooksAtTheProxyDirectoryAsOftenForManyFoldersAsForOne()
+{
+    const auto looksWith = [this](int folderCount) {
+        init();
+        QList<DockFolder> folders;
+        for (int number = 0; number < folderCount; ++number) {
+            folders.append(folderNamed(QString::number(number)));
+            m_fixture->installProxyBundle(folders.last());
+        }
+        m_fixture->writeLibrary(folders);
+        store().start();
+        return m_fixture->files.count(Operation::Contents);
+    };
+    QCOMPARE(looksWith(20), looksWith(1));
 }
 
 void StoreProxiesTest::addAllInstallsEveryUnlockedFolder()
@@ -354,6 +395,49 @@ void StoreProxiesTest::addAllInstallsEveryUnlockedFolder()
                  {proxyNamed(QStringLiteral("One.app")), Activation::Foreground},
                  {proxyNamed(QStringLiteral("Three.app")), Activation::Foreground}}));
     QVERIFY(!m_fixture->files.exists(proxyNamed(QStringLiteral("Two.app"))));
+}
+
+void StoreProxiesTest::addAllGivesFoldersOfOneNameABundleEach()
+{
+    startWith({folderNamed(QStringLiteral("Work")), folderNamed(QStringLiteral("Work"))});
+    store().installAllProxies();
+    m_fixture->finishEverything();
+    const DockFolder second = store().folders().at(1);
+    const FileURL other
+        = proxyNamed(QStringLiteral("Work %1.app").arg(uuidText(second.id).left(8)));
+    QCOMPARE(m_fixture->proxyDirectory.installedProxyURLs(first().id),
+             QList{proxyNamed(QStringLiteral("Work.app"))});
+    QCOMPARE(m_fixture->proxyDirectory.installedProxyURLs(second.id), QList{other});
+}
+
+void StoreProxiesTest::theAppStoreFolderNeverGetsADockApp()
+{
+    const DockFolder nestlets{.id = appStoreFolderID(), .name = QStringLiteral("Nestlet")};
+    const FileURL foreign = m_fixture->installProxyBundle(nestlets);
+    startWith({nestlets});
+    QVERIFY(m_fixture->files.exists(foreign));
+    m_fixture->files.calls.clear();
+    store().installAllProxies();
+    store().installProxy(nestlets.id);
+    store().setGridColumns(nestlets.id, 3);
+    m_fixture->finishEverything();
+    QCOMPARE(m_fixture->files.count(Operation::Copy), 0);
+    QVERIFY(m_fixture->workspace.opened.isEmpty());
+}
+
+void StoreProxiesTest::aFolderRenamedWhileItsCopiesQuitIsInstalledUnderTheNewName()
+{
+    startWith({folderNamed(QStringLiteral("Old"))});
+    m_fixture->applications.isStubborn = true;
+    m_fixture->applications.launch(proxyBundleIdentifier(first().id));
+    store().installProxy(first().id);
+    for (int pass = 0; pass < 50; ++pass)
+        QCoreApplication::processEvents();
+    store().renameFolder(first().id, QStringLiteral("New"));
+    m_fixture->finishEverything();
+    const FileURL proxy = proxyNamed(QStringLiteral("New.app"));
+    QCOMPARE(m_fixture->proxyDirectory.installedProxyURLs(first().id), QList{proxy});
+    QCOMPARE(displayName(proxy), QStringLiteral("New"));
 }
 
 void StoreProxiesTest::deletingAFolderRemovesItsProxyTilesAndCopies()
