@@ -324,8 +324,10 @@ void StoreEditingTest::editsKeepTheTextOfUntouchedURLs()
                           QStringLiteral("file:///plain")};
     loadFolders({folderNamed(QStringLiteral("Work"), odd)});
     store().renameFolder(firstID(), QStringLiteral("Play"));
+    const std::optional<DockFolderLibrary> library = m_fixture->savedLibrary();
+    QVERIFY(library);
     QStringList saved;
-    for (const DockFolderItem &item : m_fixture->savedLibrary()->folders.first().items)
+    for (const DockFolderItem &item : library->folders.first().items)
         saved.append(item.url.text());
     QCOMPARE(saved, odd);
 }
