@@ -31,7 +31,7 @@ class CompanionErrorTest final : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { QTest::failOnWarning(QRegularExpression(QStringLiteral(".*"))); }
+    void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral(".*"))); }
     void describesEachKind_data();
     void describesEachKind();
     void isDescribedInTheUsersLanguage();

@@ -58,7 +58,7 @@ class IconImageTest final : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { QTest::failOnWarning(QRegularExpression(QStringLiteral(".*"))); }
+    void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral(".*"))); }
     void squeezesAWidePictureIntoASquare();
     void givesASquareOfTheAskedSize_data();
     void givesASquareOfTheAskedSize();

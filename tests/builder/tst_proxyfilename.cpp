@@ -17,7 +17,7 @@ class ProxyFileNameTest final : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { QTest::failOnWarning(QRegularExpression(QStringLiteral(".*"))); }
+    void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral(".*"))); }
     void followsTheFoldersName_data();
     void followsTheFoldersName();
     void tellsFoldersOfOneNameApart();

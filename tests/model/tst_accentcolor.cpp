@@ -1,11 +1,13 @@
 #include "model/accentcolor.h"
 
+#include <QRegularExpression>
 #include <QTest>
 
 class AccentColorTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral(".*"))); }
     void readsHexText_data();
     void readsHexText();
     void writesHexText_data();

@@ -1,6 +1,7 @@
 #include "model/base64.h"
 
 #include <QRandomGenerator>
+#include <QRegularExpression>
 #include <QTest>
 
 #include <vector>
@@ -9,6 +10,7 @@ class Base64Test : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral(".*"))); }
     void agreesWithQtForEveryLength();
     void decodes_data();
     void decodes();

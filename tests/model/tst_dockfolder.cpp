@@ -1,12 +1,14 @@
 #include "model/dockfolder.h"
 #include "model/uuidtext.h"
 
+#include <QRegularExpression>
 #include <QTest>
 
 class DockFolderTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral(".*"))); }
     void theAppStoreFolderHasItsFixedID();
     void theFallbackFolderIsAlwaysTheSame();
     void equalityComparesEveryField_data();

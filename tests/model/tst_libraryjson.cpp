@@ -1,6 +1,7 @@
 #include "model/libraryjson.h"
 #include "tests/librarygenerator.h"
 
+#include <QRegularExpression>
 #include <QStringConverter>
 #include <QTest>
 
@@ -8,6 +9,7 @@ class LibraryJSONTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral(".*"))); }
     void aFolderWithoutOptionsHasThreeKeys();
     void writesFieldsInTheirOrder();
     void writesTextWithAsFewEscapesAsPossible_data();

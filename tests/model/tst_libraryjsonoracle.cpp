@@ -2,6 +2,7 @@
 #include "tests/librarygenerator.h"
 #include "tests/model/qtlibraryjson.h"
 
+#include <QRegularExpression>
 #include <QTest>
 
 #include <array>
@@ -11,6 +12,7 @@ class LibraryJSONOracleTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral(".*"))); }
     void readsWhatQtWrites();
     void writesWhatQtReads();
     void readsNoMoreThanQtDoes();

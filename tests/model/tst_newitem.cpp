@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -11,6 +12,7 @@ class NewItemTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral(".*"))); }
     void anApplicationIsKnownByItsNameAlone_data();
     void anApplicationIsKnownByItsNameAlone();
     void aDirectoryIsAFolder();

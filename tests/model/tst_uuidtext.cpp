@@ -1,11 +1,13 @@
 #include "model/uuidtext.h"
 
+#include <QRegularExpression>
 #include <QTest>
 
 class UUIDTextTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral(".*"))); }
     void writesUpperCase();
     void readsEitherCase();
     void readsWhatItWrites();
