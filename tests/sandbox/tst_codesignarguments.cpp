@@ -9,7 +9,7 @@ class CodesignArgumentsTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { QTest::failOnWarning(QRegularExpression(QStringLiteral(".*"))); }
+    void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral(".*"))); }
     void readsWhatTheProductAsks();
     void readsShortForms();
     void refusesWhatItDoesNotKnow_data();

@@ -10,7 +10,7 @@ class DockPreferencesTileTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { QTest::failOnWarning(QRegularExpression(QStringLiteral(".*"))); }
+    void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral(".*"))); }
     void describesAnApplicationAsTheDockDoes();
     void findsThePathOfATile_data();
     void findsThePathOfATile();
