@@ -9,13 +9,21 @@ Item {
     id: root
 
     required property FolderDetailModel folder
+    property string untouchedDraft
+    readonly property bool isNameTouched: nameField.text !== root.untouchedDraft
     signal removeRequested
 
-    function resetDraft() {
-        nameField.text = root.folder.name;
+    function showName(name: string) {
+        nameField.text = name;
+        root.untouchedDraft = nameField.text;
     }
+    function resetDraft() {
+        root.showName(root.folder.name);
+    }
+    // A name that nobody touched is not committed: it may have been changed elsewhere meanwhile.
     function commitName() {
-        nameField.text = root.folder.commitName(nameField.text);
+        if (root.isNameTouched)
+            root.showName(root.folder.commitName(nameField.text));
     }
 
     Accessible.role: Accessible.Pane
@@ -28,7 +36,7 @@ Item {
             root.resetDraft();
         }
         function onNameChanged() {
-            if (!nameField.activeFocus)
+            if (!root.isNameTouched)
                 root.resetDraft();
         }
     }
@@ -72,8 +80,8 @@ Item {
             anchors.rightMargin: 20
             anchors.verticalCenter: parent.verticalCenter
             symbol: "⋯"
+            isMenuShown: menu.visible
             text: qsTr("Folder Actions")
-            Accessible.role: Accessible.ButtonMenu
             onClicked: menu.popup(actionsButton, actionsButton.width - menu.width,
                                   actionsButton.height + 2)
 
@@ -243,7 +251,6 @@ Item {
                 activeFocusOnTab: true
                 boundsBehavior: Flickable.StopAtBounds
                 model: root.folder.items
-                reuseItems: true
                 Accessible.role: Accessible.List
                 Accessible.name: qsTr("Items")
                 ScrollBar.vertical: ScrollBar {}

@@ -14,6 +14,8 @@ MenuItem {
     rightPadding: 10
     topPadding: 0
     bottomPadding: 0
+    Accessible.role: Accessible.MenuItem
+    Accessible.name: root.text
     font.family: Theme.fontFamily
     font.pixelSize: Theme.bodySize
 

@@ -52,8 +52,8 @@ Rectangle {
             anchors.rightMargin: 10
             anchors.verticalCenter: parent.verticalCenter
             symbol: "⋯"
+            isMenuShown: menu.visible
             text: qsTr("More")
-            Accessible.role: Accessible.ButtonMenu
             onClicked: menu.popup(menuButton, 0, menuButton.height + 2)
 
             CompanionMenu {
@@ -86,7 +86,6 @@ Rectangle {
         boundsBehavior: Flickable.StopAtBounds
         model: root.model.folders
         keyNavigationEnabled: true
-        reuseItems: true
         Accessible.role: Accessible.List
         Accessible.name: qsTr("Dock Folders")
         ScrollBar.vertical: ScrollBar {}

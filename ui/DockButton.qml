@@ -14,6 +14,8 @@ Button {
     rightPadding: 20
     topPadding: 10
     bottomPadding: 10
+    Accessible.role: Accessible.Button
+    Accessible.name: root.text
     font.family: Theme.fontFamily
     font.pixelSize: Theme.bodySize
     font.weight: Font.Medium

@@ -14,6 +14,8 @@ Button {
     rightPadding: 12
     topPadding: 0
     bottomPadding: 0
+    Accessible.role: Accessible.Button
+    Accessible.name: root.text
     font.family: Theme.fontFamily
     font.pixelSize: Theme.bodySize
     Keys.onReturnPressed: root.clicked()

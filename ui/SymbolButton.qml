@@ -6,15 +6,17 @@ ToolButton {
     id: root
 
     property string symbol
+    property bool isMenuShown: false
 
     implicitWidth: 28
     implicitHeight: 28
     padding: 0
     display: AbstractButton.IconOnly
     hoverEnabled: true
+    Accessible.role: Accessible.Button
     Accessible.name: root.text
     ToolTip.text: root.text
-    ToolTip.visible: root.hovered && !root.down
+    ToolTip.visible: root.hovered && !root.down && !root.isMenuShown
     ToolTip.delay: Theme.toolTipDelay
     Keys.onReturnPressed: root.clicked()
     Keys.onEnterPressed: root.clicked()
@@ -32,7 +34,7 @@ ToolButton {
     background: Rectangle {
         radius: Theme.buttonRadius
         color: Theme.primary
-        opacity: root.down ? 0.12 : root.hovered ? 0.06 : 0
+        opacity: root.down || root.isMenuShown ? 0.12 : root.hovered ? 0.06 : 0
 
         FocusRing {
             visible: root.visualFocus
