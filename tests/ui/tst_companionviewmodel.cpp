@@ -1,0 +1,182 @@
+#include "model/uuidtext.h"
+#include "tests/store/storefixture.h"
+#include "ui/companionviewmodel.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+using Kind = CompanionViewModel::DetailKind;
+
+class CompanionViewModelTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void nothingIsSelectedAtFirst();
+    void aChangeOfTheFoldersSelectsTheFirstWhenNothingIs();
+    void aNewFolderIsNumberedAndTheSelectionStays();
+    void aChangeOfPresenceSelectsNothing();
+    void anotherChangeKeepsTheSelection();
+    void theAppStoreFolderStaysSelected();
+    void removingTheSelectedFolderSelectsTheFirst();
+    void removingAnotherFolderKeepsTheSelection();
+    void losingTheSelectedFolderFromOutsideSelectsTheFirst();
+    void resetSelectsTheDefaultFolder();
+    void theDetailFollowsTheSelection();
+    void theErrorIsTheStoresAndIsClearedOnce();
+    void addingAllInstallsEveryFolder();
+    void dropsGoToTheFolderOfTheirRow();
+
+private:
+    CompanionStore &store() { return *m_fixture->store; }
+    void select(const QUuid &id) { m_model->setSelection(uuidText(id)); }
+
+    const DockFolder m_a = folderNamed(QStringLiteral("A"));
+    const DockFolder m_b = folderNamed(QStringLiteral("B"));
+    std::unique_ptr<StoreFixture> m_fixture;
+    std::unique_ptr<CompanionViewModel> m_model;
+};
+
+void CompanionViewModelTest::init()
+{
+    QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
+    m_fixture = std::make_unique<StoreFixture>();
+    m_fixture->writeLibrary({m_a, m_b});
+    store().start();
+    m_fixture->finishEverything();
+    m_model = std::make_unique<CompanionViewModel>(store());
+}
+
+void CompanionViewModelTest::cleanup()
+{
+    m_model.reset();
+    m_fixture.reset();
+}
+
+void CompanionViewModelTest::nothingIsSelectedAtFirst()
+{
+    QCOMPARE(m_model->selection(), QString());
+    QCOMPARE(m_model->detailKind(), Kind::Placeholder);
+}
+
+void CompanionViewModelTest::aChangeOfTheFoldersSelectsTheFirstWhenNothingIs()
+{
+    store().renameFolder(m_b.id, QStringLiteral("New"));
+    QCOMPARE(m_model->selection(), uuidText(m_a.id));
+    QCOMPARE(m_model->detailKind(), Kind::Folder);
+}
+
+void CompanionViewModelTest::aNewFolderIsNumberedAndTheSelectionStays()
+{
+    store().deleteFolder(m_b.id);
+    select(m_a.id);
+    m_model->createFolder();
+    m_model->createFolder();
+    QCOMPARE(namesOf(store().folders()),
+             (QStringList{QStringLiteral("A"), QStringLiteral("Dock Folder 2"),
+                          QStringLiteral("Dock Folder 3")}));
+    QCOMPARE(m_model->selection(), uuidText(m_a.id));
+}
+
+void CompanionViewModelTest::aChangeOfPresenceSelectsNothing()
+{
+    store().refreshPresence();
+    QCOMPARE(m_model->selection(), QString());
+}
+
+void CompanionViewModelTest::anotherChangeKeepsTheSelection()
+{
+    select(m_b.id);
+    const QSignalSpy changed(m_model.get(), &CompanionViewModel::selectionChanged);
+    store().renameFolder(m_a.id, QStringLiteral("New"));
+    store().moveFolders({1}, 0);
+    QCOMPARE(m_model->selection(), uuidText(m_b.id));
+    QCOMPARE(changed.count(), 0);
+}
+
+void CompanionViewModelTest::theAppStoreFolderStaysSelected()
+{
+    select(appStoreFolderID());
+    QCOMPARE(m_model->detailKind(), Kind::AppStoreFolder);
+    QCOMPARE(m_model->detail()->folderID(), QString());
+    store().deleteFolder(m_a.id);
+    QCOMPARE(m_model->selection(), uuidText(appStoreFolderID()));
+}
+
+void CompanionViewModelTest::removingTheSelectedFolderSelectsTheFirst()
+{
+    select(m_b.id);
+    m_model->detail()->removeFolder();
+    QCOMPARE(namesOf(store().folders()), QStringList{QStringLiteral("A")});
+    QCOMPARE(m_model->selection(), uuidText(m_a.id));
+    QCOMPARE(m_model->detail()->name(), QStringLiteral("A"));
+}
+
+void CompanionViewModelTest::removingAnotherFolderKeepsTheSelection()
+{
+    select(m_b.id);
+    store().deleteFolder(m_a.id);
+    QCOMPARE(m_model->selection(), uuidText(m_b.id));
+}
+
+void CompanionViewModelTest::losingTheSelectedFolderFromOutsideSelectsTheFirst()
+{
+    select(m_b.id);
+    m_fixture->writeLibrary({m_a});
+    m_fixture->watcher.change();
+    m_fixture->finishEverything();
+    QCOMPARE(m_model->selection(), uuidText(m_a.id));
+}
+
+void CompanionViewModelTest::resetSelectsTheDefaultFolder()
+{
+    select(appStoreFolderID());
+    m_model->resetEverything();
+    QCOMPARE(namesOf(store().folders()), QStringList{QStringLiteral("Dock Folder 1")});
+    QCOMPARE(m_model->selection(), uuidText(store().folders().first().id));
+    QCOMPARE(m_model->detail()->name(), QStringLiteral("Dock Folder 1"));
+}
+
+void CompanionViewModelTest::theDetailFollowsTheSelection()
+{
+    select(m_b.id);
+    QCOMPARE(m_model->detail()->folderID(), uuidText(m_b.id));
+    QCOMPARE(m_model->detail()->name(), QStringLiteral("B"));
+    m_model->setSelection(QStringLiteral("no id"));
+    QCOMPARE(m_model->selection(), QString());
+    QCOMPARE(m_model->detailKind(), Kind::Placeholder);
+}
+
+void CompanionViewModelTest::theErrorIsTheStoresAndIsClearedOnce()
+{
+    const QSignalSpy changed(m_model.get(), &CompanionViewModel::errorMessageChanged);
+    store().installProxy(m_a.id); // there is no Nestlet
+    m_fixture->finishEverything();
+    QVERIFY(!m_model->errorMessage().isEmpty());
+    QCOMPARE(m_model->errorMessage(), store().errorMessage());
+    m_model->clearError();
+    m_model->clearError();
+    QCOMPARE(m_model->errorMessage(), QString());
+    QCOMPARE(changed.count(), 2);
+}
+
+void CompanionViewModelTest::addingAllInstallsEveryFolder()
+{
+    m_fixture->installNestlet();
+    m_model->addAllToDock();
+    m_fixture->finishEverything();
+    QVERIFY(store().isInstalled(m_a.id));
+    QVERIFY(store().isInstalled(m_b.id));
+}
+
+void CompanionViewModelTest::dropsGoToTheFolderOfTheirRow()
+{
+    m_model->addItems(uuidText(m_b.id), {QStringLiteral("file:///tmp/a%20b"), QString()});
+    m_model->addItems(QStringLiteral("no id"), {QStringLiteral("file:///tmp/c")});
+    QCOMPARE(namesOf(store().folder(m_b.id)->items), QStringList{QStringLiteral("a b")});
+    QCOMPARE(store().folder(m_a.id)->items.size(), 0);
+}
+
+QTEST_GUILESS_MAIN(CompanionViewModelTest)
+#include "tst_companionviewmodel.moc"

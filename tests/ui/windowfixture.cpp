@@ -1,0 +1,192 @@
+#include "tests/ui/windowfixture.h"
+
+#include <functional>
+
+extern void qml_register_types_Nestlet_Companion(); // NOLINT(readability-identifier-naming)
+
+namespace {
+
+QQuickItem *findItem(QQuickItem *root, const std::function<bool(QQuickItem *)> &matches)
+{
+    if (matches(root))
+        return root;
+    for (QQuickItem *child : root->childItems()) {
+        if (QQuickItem *found = findItem(child, matches))
+            return found;
+    }
+    return nullptr;
+}
+
+bool isVisible(const QAccessibleInterface *interface)
+{
+    const auto *item = qobject_cast<QQuickItem *>(interface->object());
+    return item == nullptr || item->isVisible();
+}
+
+QAccessibleInterface *findControl(QAccessibleInterface *root,
+                                  const std::function<bool(QAccessibleInterface *)> &matches)
+{
+    if (!root || !isVisible(root))
+        return nullptr;
+    if (matches(root))
+        return root;
+    for (int index = 0; index < root->childCount(); ++index) {
+        if (QAccessibleInterface *found = findControl(root->child(index), matches))
+            return found;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+void failOnWindowWarnings()
+{
+    // The offscreen platform warns that it ignores the window's least size.
+    QTest::failOnWarning(QRegularExpression(QStringLiteral("^(?!This plugin does not support)")));
+}
+
+WindowFixture::WindowFixture()
+{
+    [[maybe_unused]] auto *const volatile uiTypes = &qml_register_types_Nestlet_Companion;
+    qputenv("QT_QUICK_BACKEND", "software");
+}
+
+bool WindowFixture::open(const QList<DockFolder> &folders)
+{
+    writeLibrary(folders);
+    store->start();
+    finishEverything();
+    model = std::make_unique<CompanionViewModel>(*store);
+    engine.addImportPath(QStringLiteral(":/qt/qml"));
+    engine.setInitialProperties({{QStringLiteral("model"), QVariant::fromValue(model.get())}});
+    engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Nestlet/Companion/CompanionView.qml")));
+    if (engine.rootObjects().isEmpty())
+        return false;
+    window = qobject_cast<QQuickWindow *>(engine.rootObjects().first());
+    window->requestActivate();
+    return QTest::qWaitForWindowActive(window);
+}
+
+void WindowFixture::changeFromOutside(const QList<DockFolder> &folders)
+{
+    writeLibrary(folders);
+    watcher.change();
+    finishEverything();
+}
+
+QQuickItem *WindowFixture::named(const char *objectName) const
+{
+    return findItem(window->contentItem(), [objectName](const QQuickItem *item) {
+        return item->isVisible() && item->objectName() == QLatin1StringView(objectName);
+    });
+}
+
+// Lists make and place their rows when the next frame is due.
+void WindowFixture::placeRows() const
+{
+    for (const char *list : {"folderList", "itemList"}) {
+        if (QQuickItem *found = named(list))
+            found->ensurePolished();
+    }
+}
+
+QAccessibleInterface *WindowFixture::control(QAccessible::Role role, const QString &name) const
+{
+    placeRows();
+    return findControl(
+        QAccessible::queryAccessibleInterface(window), [&](const QAccessibleInterface *interface) {
+            return interface->role() == role && interface->text(QAccessible::Name) == name;
+        });
+}
+
+QQuickItem *WindowFixture::item(QAccessible::Role role, const QString &name) const
+{
+    const QAccessibleInterface *found = control(role, name);
+    return found ? qobject_cast<QQuickItem *>(found->object()) : nullptr;
+}
+
+QQuickItem *WindowFixture::button(const QString &name) const
+{
+    return item(QAccessible::Button, name);
+}
+
+QQuickItem *WindowFixture::row(const QString &folderName) const
+{
+    return item(QAccessible::ListItem, folderName);
+}
+
+QString WindowFixture::caption(const QString &folderName) const
+{
+    const QAccessibleInterface *found = control(QAccessible::ListItem, folderName);
+    return found ? found->text(QAccessible::Description) : QString();
+}
+
+QStringList WindowFixture::rowNames() const
+{
+    placeRows();
+    QList<std::pair<qreal, QString>> rows;
+    findItem(named("folderList"), [&](QQuickItem *item) {
+        if (item->property("folderID").isValid() && item->isVisible())
+            rows.append({item->y(), item->property("name").toString()});
+        return false;
+    });
+    std::ranges::sort(rows);
+    QStringList names;
+    for (const auto &[position, name] : rows)
+        names.append(name);
+    return names;
+}
+
+QString WindowFixture::nameFieldText() const
+{
+    return named("nameField")->property("text").toString();
+}
+
+QPoint WindowFixture::centre(const QQuickItem *item)
+{
+    return item->mapToScene(QPointF(item->width() / 2, item->height() / 2)).toPoint();
+}
+
+void WindowFixture::click(const QQuickItem *item) const
+{
+    QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier, centre(item));
+}
+
+void WindowFixture::press(Qt::Key key, Qt::KeyboardModifiers modifiers) const
+{
+    QTest::keyClick(window, key, modifiers);
+}
+
+void WindowFixture::type(const QString &text) const
+{
+    for (const QChar character : text)
+        QTest::keyClick(window, character.toLatin1());
+}
+
+bool WindowFixture::choose(const QString &menu, const QString &entry) const
+{
+    const QQuickItem *opener = button(menu);
+    if (!opener)
+        return false;
+    click(opener);
+    const auto found = [&] { return item(QAccessible::MenuItem, entry); };
+    if (!QTest::qWaitFor([&] { return found() != nullptr; }))
+        return false;
+    click(found());
+    return QTest::qWaitFor([&] { return found() == nullptr; });
+}
+
+void WindowFixture::rename(const QString &text) const
+{
+    click(named("nameField"));
+    press(Qt::Key_A, Qt::ControlModifier);
+    press(Qt::Key_Delete);
+    type(text);
+    press(Qt::Key_Return);
+}
+
+bool WindowFixture::isOpen(const char *dialog) const
+{
+    const auto *const popup = window->findChild<QObject *>(QLatin1StringView(dialog));
+    return popup != nullptr && popup->property("opened").toBool();
+}

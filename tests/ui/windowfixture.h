@@ -1,0 +1,50 @@
+#pragma once
+
+#include "tests/store/storefixture.h"
+#include "ui/companionviewmodel.h"
+
+#include <QAccessible>
+#include <QQmlApplicationEngine>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QTest>
+
+/// The window over a store of fakes, offscreen, and what a user does with mouse and keyboard.
+struct WindowFixture : StoreFixture {
+    WindowFixture();
+
+    /// Writes the library, starts the store and opens the window. False when there is no window.
+    [[nodiscard]] bool open(const QList<DockFolder> &folders);
+    /// Another program writes the library while the window is open.
+    void changeFromOutside(const QList<DockFolder> &folders);
+
+    [[nodiscard]] QQuickItem *named(const char *objectName) const;
+    /// What assistive programs find under a role and a name and a user can see; null: nothing.
+    [[nodiscard]] QAccessibleInterface *control(QAccessible::Role role, const QString &name) const;
+    [[nodiscard]] QQuickItem *item(QAccessible::Role role, const QString &name) const;
+    [[nodiscard]] QQuickItem *button(const QString &name) const;
+    [[nodiscard]] QQuickItem *row(const QString &folderName) const;
+    [[nodiscard]] QString caption(const QString &folderName) const;
+    [[nodiscard]] QStringList rowNames() const;
+    [[nodiscard]] QString nameFieldText() const;
+
+    [[nodiscard]] static QPoint centre(const QQuickItem *item);
+    void click(const QQuickItem *item) const;
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
+    void type(const QString &text) const;
+    /// Opens a menu by its button and chooses an entry.
+    [[nodiscard]] bool choose(const QString &menu, const QString &entry) const;
+    /// Replaces what is in the name field and presses Return.
+    void rename(const QString &text) const;
+    [[nodiscard]] bool isOpen(const char *dialog) const;
+
+    std::unique_ptr<CompanionViewModel> model;
+    QQmlApplicationEngine engine;
+    QQuickWindow *window = nullptr;
+
+private:
+    void placeRows() const;
+};
+
+/// To be called first by every test function: a warning is a failure.
+void failOnWindowWarnings();
