@@ -38,7 +38,6 @@ private Q_SLOTS:
     void startRebuildsEveryInstalledProxy();
     void startLooksAtTheProxyDirectoryNoMoreOftenForMoreFolders();
     void startWithoutNestletRebuildsNothing();
-    void startLooksAtTheProxyDirectoryAsOftenForManyFoldersAsForOne();
     void addAllInstallsEveryUnlockedFolder();
     void addAllGivesFoldersOfOneNameABundleEach();
     void theAppStoreFolderNeverGetsADockApp();
@@ -365,22 +364,6 @@ void StoreProxiesTest::startWithoutNestletRebuildsNothing()
     QVERIFY(m_fixture->workspace.opened.isEmpty());
     QVERIFY(m_fixture->processes.calls.isEmpty());
     QVERIFY(!store().isNestletInstalled());
-}
-
-void StoreProxiesTest::startLooksAtTheProxyDirectoryAsOftenForManyFoldersAsForOne()
-{
-    const auto looksWith = [this](int folderCount) {
-        init();
-        QList<DockFolder> folders;
-        for (int number = 0; number < folderCount; ++number) {
-            folders.append(folderNamed(QString::number(number)));
-            m_fixture->installProxyBundle(folders.last());
-        }
-        m_fixture->writeLibrary(folders);
-        store().start();
-        return m_fixture->files.count(Operation::Contents);
-    };
-    QCOMPARE(looksWith(20), looksWith(1));
 }
 
 void StoreProxiesTest::addAllInstallsEveryUnlockedFolder()
