@@ -26,7 +26,10 @@ private Q_SLOTS:
 
 private:
     CompanionStore &store() { return *m_fixture->store; }
-    [[nodiscard]] QString storedName() { return store().folder(m_folder.id)->name; }
+    [[nodiscard]] QString storedName()
+    {
+        return store().folder(m_folder.id).value_or(DockFolder()).name;
+    }
 
     const DockFolder m_folder
         = folderNamed(QStringLiteral("Work"),

@@ -19,7 +19,7 @@ private Q_SLOTS:
 private:
     [[nodiscard]] QStringList itemsOf(const DockFolder &folder)
     {
-        return namesOf(m_window->store->folder(folder.id)->items);
+        return namesOf(m_window->store->folder(folder.id).value_or(DockFolder()).items);
     }
     [[nodiscard]] QPoint rowCentre(const QString &name)
     {

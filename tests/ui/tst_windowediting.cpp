@@ -30,7 +30,7 @@ private Q_SLOTS:
 
 private:
     CompanionStore &store() { return *m_window->store; }
-    [[nodiscard]] DockFolder folder() { return *store().folder(m_folder.id); }
+    [[nodiscard]] DockFolder folder() { return store().folder(m_folder.id).value_or(DockFolder()); }
     [[nodiscard]] DockFolder renamed(const QString &name) const
     {
         DockFolder copy = m_folder;
