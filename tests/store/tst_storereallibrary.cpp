@@ -1,0 +1,209 @@
+#include "tests/store/realcompanion.h"
+#include "tests/store/storefixture.h"
+
+#include "model/libraryjson.h"
+#include "platform/directories.h"
+#include "tests/builder/bundles.h"
+
+#include <QElapsedTimer>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace {
+
+constexpr int patience = 60'000;
+// A reload waits 180 ms for silence.
+constexpr qint64 longestGap = 150;
+constexpr int quiet = 600;
+
+} // namespace
+
+/// The library file, changed by others on a real disk under a real watcher.
+class StoreRealLibraryTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void aBurstOfReplacementsIsOneReload();
+    void aFileThatIsDeletedAndComesBackIsFollowed();
+    void aFileWrittenInPlaceIsFollowed();
+    void anotherFileInTheDirectoryDisturbsNothing();
+    void aThousandFoldersLoadAndTheirEchoIsSilent();
+    void anEditAndAnOutsideChangeBothArrive();
+
+private:
+    CompanionStore &store() { return m_companion->store; }
+    void startWith(const QList<DockFolder> &folders)
+    {
+        writeLibrary(folders);
+        store().start();
+    }
+    // As another program does: a new file is put in the place of the old one.
+    void writeLibrary(const QList<DockFolder> &folders) const
+    {
+        writeFile(m_companion->library.url(),
+                  encodeLibrary({.folders = folders, .selectedFolderID = folders.first().id}),
+                  *m_companion->platform.files);
+    }
+    [[nodiscard]] QByteArray libraryBytes() const
+    {
+        return m_companion->platform.files->read(m_companion->library.url());
+    }
+    // Replaces the file 200 times; returns the longest time in which no event could be handled.
+    qint64 burst(DockFolder folder) const;
+
+    std::optional<QTemporaryDir> m_directory;
+    std::unique_ptr<RealCompanion> m_companion;
+};
+
+void StoreRealLibraryTest::init()
+{
+    QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
+    m_directory.emplace();
+    m_companion = std::make_unique<RealCompanion>(m_directory->path());
+}
+
+void StoreRealLibraryTest::cleanup()
+{
+    m_companion.reset();
+    m_directory.reset();
+}
+
+qint64 StoreRealLibraryTest::burst(DockFolder folder) const
+{
+    constexpr int count = 200;
+    qint64 longest = 0;
+    QElapsedTimer sinceEvents;
+    sinceEvents.start();
+    for (int number = 1; number <= count; ++number) {
+        folder.name = QString::number(number);
+        writeLibrary({folder});
+        QCoreApplication::processEvents();
+        longest = std::max(longest, sinceEvents.restart());
+    }
+    return longest;
+}
+
+void StoreRealLibraryTest::aBurstOfReplacementsIsOneReload()
+{
+    startWith({folderNamed(QStringLiteral("0"))});
+    QTest::qWait(quiet);
+    QSignalSpy loads(&store(), &CompanionStore::presenceChanged); // each load looks anew
+    QSignalSpy changes(&store(), &CompanionStore::foldersChanged);
+    qint64 gap = 0;
+    for (int attempt = 1; attempt <= 10; ++attempt) { // where the machine stalls, one reload is due
+        QTRY_VERIFY(namesOf(store().folders()) != QStringList(QStringLiteral("1")));
+        loads.clear();
+        changes.clear();
+        gap = burst(store().folders().first());
+        if (gap < longestGap)
+            break;
+        QTest::qWait(quiet);
+    }
+    if (gap >= longestGap)
+        QSKIP("This machine is too busy for a burst without a pause");
+    QCOMPARE(loads.count(), 0);
+    QTRY_COMPARE_WITH_TIMEOUT(loads.count(), 1, patience);
+    QCOMPARE(namesOf(store().folders()), QStringList(QStringLiteral("200")));
+    QTest::qWait(quiet);
+    QCOMPARE(loads.count(), 1);
+    QCOMPARE(changes.count(), 1);
+}
+
+void StoreRealLibraryTest::aFileThatIsDeletedAndComesBackIsFollowed()
+{
+    const DockFolder folder = folderNamed(QStringLiteral("Work"));
+    startWith({folder});
+    m_companion->platform.files->remove(m_companion->library.url());
+    QTRY_COMPARE_WITH_TIMEOUT(namesOf(store().folders()),
+                              QStringList(QStringLiteral("Dock Folder 1")), patience);
+    QTest::qWait(quiet);
+    QVERIFY(!m_companion->platform.files->exists(m_companion->library.url()));
+
+    writeLibrary({folder, folderNamed(QStringLiteral("Play"))});
+    QTRY_COMPARE_WITH_TIMEOUT(store().folders().size(), 2, patience);
+    QCOMPARE(store().folders().first(), folder);
+    store().renameFolder(folder.id, QStringLiteral("After all"));
+    QCOMPARE(decodeLibrary(libraryBytes()).value().folders, store().folders());
+    QCOMPARE(store().errorMessage(), QString());
+}
+
+void StoreRealLibraryTest::aFileWrittenInPlaceIsFollowed()
+{
+    startWith({folderNamed(QStringLiteral("Work"))});
+    DockFolder folder = store().folders().first();
+    folder.name = QStringLiteral("In place");
+    const QByteArray bytes = encodeLibrary({.folders = {folder}, .selectedFolderID = folder.id});
+    QFile file(m_companion->library.url().path());
+    QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    QCOMPARE(file.write(bytes), bytes.size());
+    file.close();
+    // A directory tells of names that come and go, not of bytes: another change brings them along.
+    writeFile(m_companion->library.directory().appendingFile(QStringLiteral("touched")), "x",
+              *m_companion->platform.files);
+    QTRY_COMPARE_WITH_TIMEOUT(store().folders().first().name, QStringLiteral("In place"), patience);
+}
+
+void StoreRealLibraryTest::anotherFileInTheDirectoryDisturbsNothing()
+{
+    startWith({folderNamed(QStringLiteral("Work"))});
+    QTest::qWait(quiet);
+    QSignalSpy loads(&store(), &CompanionStore::presenceChanged);
+    const QSignalSpy changes(&store(), &CompanionStore::foldersChanged);
+    writeFile(m_companion->library.directory().appendingFile(QStringLiteral("other")), "x",
+              *m_companion->platform.files);
+    QTRY_COMPARE_WITH_TIMEOUT(loads.count(), 1, patience);
+    QCOMPARE(changes.count(), 0);
+}
+
+void StoreRealLibraryTest::aThousandFoldersLoadAndTheirEchoIsSilent()
+{
+    QList<DockFolder> folders;
+    for (int number = 1; number <= 1000; ++number) {
+        folders.append(folderNamed(QStringLiteral("Folder %1").arg(number),
+                                   {QStringLiteral("file:///Applications/A.app/"),
+                                    QStringLiteral("file:///Applications/B%20%C3%A9.app/"),
+                                    QStringLiteral("file:///tmp/e%CC%81")}));
+    }
+    startWith(folders);
+    QCOMPARE(store().folders(), folders);
+    QTest::qWait(quiet);
+
+    QSignalSpy loads(&store(), &CompanionStore::presenceChanged);
+    const QSignalSpy changes(&store(), &CompanionStore::foldersChanged);
+    store().renameFolder(folders.at(500).id, QStringLiteral("Another"));
+    QCOMPARE(changes.count(), 1);
+    const QByteArray saved = libraryBytes();
+    QTRY_COMPARE_WITH_TIMEOUT(loads.count(), 1, patience); // its own save comes back
+    QTest::qWait(quiet);
+    QCOMPARE(loads.count(), 1);
+    QCOMPARE(changes.count(), 1);
+    QCOMPARE(libraryBytes(), saved);
+    QCOMPARE(decodeLibrary(saved).value().folders, store().folders());
+
+    folders[500].name = QStringLiteral("Another");
+    folders.move(999, 0);
+    writeLibrary(folders);
+    QTRY_COMPARE_WITH_TIMEOUT(changes.count(), 2, patience);
+    QCOMPARE(store().folders(), folders);
+}
+
+void StoreRealLibraryTest::anEditAndAnOutsideChangeBothArrive()
+{
+    startWith({folderNamed(QStringLiteral("Work"))});
+    store().addFolder();
+    QList<DockFolder> folders = decodeLibrary(libraryBytes()).value().folders;
+    QCOMPARE(folders.size(), 2);
+    folders.append(folderNamed(QStringLiteral("From outside")));
+    writeLibrary(folders);
+    QTRY_COMPARE_WITH_TIMEOUT(store().folders().size(), 3, patience);
+    QCOMPARE(namesOf(store().folders()),
+             (QStringList{QStringLiteral("Work"), QStringLiteral("Dock Folder 2"),
+                          QStringLiteral("From outside")}));
+}
+
+QTEST_GUILESS_MAIN(StoreRealLibraryTest)
+#include "tst_storereallibrary.moc"
