@@ -96,6 +96,9 @@ std::optional<PlatformError> PortableWorkspaceTest::opened(const FileURL &bundle
                                  });
     if (calls != 0 || !QTest::qWaitFor([&] { return calls == 1; }))
         return PlatformError(QStringLiteral("not completed as promised"));
+    // The system shows a new program's environment a moment after it began to run.
+    if (!result)
+        static_cast<void>(QTest::qWaitFor([this] { return !running().isEmpty(); }));
     return result;
 }
 
