@@ -76,9 +76,13 @@ void PortableWorkspaceTest::init()
 
 void PortableWorkspaceTest::cleanup()
 {
-    for (const RunningApplication &application : running())
-        ::kill(-static_cast<pid_t>(application.processID), SIGKILL);
-    QTRY_VERIFY(running().isEmpty());
+    const auto hasEnded = [this] {
+        const QList<RunningApplication> applications = running();
+        for (const RunningApplication &application : applications)
+            ::kill(-static_cast<pid_t>(application.processID), SIGKILL);
+        return applications.isEmpty();
+    };
+    QTRY_VERIFY(hasEnded());
     m_workspace.reset();
     m_applications.reset();
     m_mac.reset();
@@ -96,9 +100,14 @@ std::optional<PlatformError> PortableWorkspaceTest::opened(const FileURL &bundle
                                  });
     if (calls != 0 || !QTest::qWaitFor([&] { return calls == 1; }))
         return PlatformError(QStringLiteral("not completed as promised"));
-    // The system shows a new program's environment a moment after it began to run.
+    // A script is a shell first, and no program shows its environment while it replaces another.
+    const auto isSettled = [this] {
+        const QList<RunningApplication> applications = running();
+        return !applications.isEmpty()
+            && linkOf(applications.constFirst().processID, "exe").endsWith(QStringLiteral("sleep"));
+    };
     if (!result)
-        static_cast<void>(QTest::qWaitFor([this] { return !running().isEmpty(); }));
+        static_cast<void>(QTest::qWaitFor(isSettled, 1000));
     return result;
 }
 
