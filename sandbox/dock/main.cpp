@@ -52,5 +52,7 @@ int main(int argc, char *argv[])
     const int status = QGuiApplication::exec();
     for (QObject *root : engine.rootObjects()) // before what it shows goes
         delete root;
+    // Their textures wait for an event loop to delete them.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     return status;
 }

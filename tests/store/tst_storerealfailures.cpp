@@ -76,7 +76,7 @@ void StoreRealFailuresTest::aBrokenSigningToolIsReported_data()
     const QString unverified = refused + QStringLiteral("%nestlet: ");
     const QString unsignedProxy = QStringLiteral("Ad-hoc signing failed: ");
     // Fails only in the step that signs, after the template was found in order.
-    const auto signing = [](const QByteArray &failure) {
+    const auto signing = [](const QByteArray &failure) -> QByteArray {
         return "[ \"$1\" = --force ] || exec \"$0-real\" \"$@\"; " + failure;
     };
     const auto row = [](const char *name, const QByteArray &script, const QString &message,
