@@ -2,6 +2,7 @@
 
 #include "model/uuidtext.h"
 #include "store/companionstore.h"
+#include "ui/folderpreview.h"
 #include "ui/urltexts.h"
 
 FolderDetailModel::FolderDetailModel(CompanionStore &store, QObject *parent)
@@ -49,6 +50,36 @@ bool FolderDetailModel::isInstalling() const
     return m_store.isInstalling(m_folder.id);
 }
 
+QString FolderDetailModel::accentColorHex() const
+{
+    return previewColor(m_folder);
+}
+
+QString FolderDetailModel::iconSymbol() const
+{
+    return m_folder.iconSymbol.value_or(QString());
+}
+
+QString FolderDetailModel::pictureSource() const
+{
+    return {};
+}
+
+int FolderDetailModel::gridColumns() const
+{
+    return static_cast<int>(m_folder.gridColumns.value_or(0));
+}
+
+int FolderDetailModel::previewColumns() const
+{
+    return ::previewColumns(m_folder);
+}
+
+QStringList FolderDetailModel::previewURLs() const
+{
+    return ::previewURLs(m_folder);
+}
+
 QString FolderDetailModel::commitName(const QString &draft)
 {
     if (draft.trimmed() != m_folder.name)
@@ -81,4 +112,28 @@ void FolderDetailModel::removeItem(const QString &itemID)
 {
     if (const std::optional<QUuid> id = uuidFromText(itemID))
         m_store.removeItem(m_folder.id, *id);
+}
+
+void FolderDetailModel::moveItem(const QString &itemID, int index)
+{
+    const int source = m_items.rowOf(itemID);
+    const int target = std::clamp(index, 0, std::max(itemCount() - 1, 0));
+    if (source >= 0 && source != target)
+        m_store.moveItem(m_folder.id, *uuidFromText(itemID), target > source ? target + 1 : target);
+}
+
+void FolderDetailModel::setIconSymbol(const QString &symbol)
+{
+    m_store.setIconSymbol(m_folder.id, symbol.isEmpty() ? std::nullopt : std::optional(symbol));
+}
+
+void FolderDetailModel::setAccentColor(const QString &hex)
+{
+    m_store.setAccentColor(m_folder.id, hex.isEmpty() ? std::nullopt : std::optional(hex));
+}
+
+void FolderDetailModel::setGridColumns(int columns)
+{
+    m_store.setGridColumns(m_folder.id,
+                           columns > 0 ? std::optional<qint64>(columns) : std::nullopt);
 }

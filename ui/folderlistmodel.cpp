@@ -1,8 +1,8 @@
 #include "ui/folderlistmodel.h"
 
-#include "model/dockfolder.h"
 #include "model/uuidtext.h"
 #include "store/companionstore.h"
+#include "ui/folderpreview.h"
 
 FolderListModel::FolderListModel(CompanionStore &store, QObject *parent)
     : RowListModel(parent)
@@ -14,14 +14,12 @@ FolderListModel::FolderListModel(CompanionStore &store, QObject *parent)
     update();
 }
 
-FolderRow FolderListModel::rowFor(const QUuid &id, const QString &name, bool isLocked) const
+FolderRow FolderListModel::rowFor(const DockFolder &folder, bool isLocked) const
 {
-    const bool isInstalled = m_store.isInstalled(id);
-    const QString status = isLocked ? tr("Belongs to the App Store app")
-        : isInstalled               ? tr("Ready in Dock")
-                                    : tr("Not added yet");
-    return {
-        .id = id, .name = name, .status = status, .isLocked = isLocked, .isInstalled = isInstalled};
+    return {.id = folder.id,
+            .folder = folder,
+            .isLocked = isLocked,
+            .isInstalled = m_store.isInstalled(folder.id)};
 }
 
 void FolderListModel::update()
@@ -29,10 +27,17 @@ void FolderListModel::update()
     QList<FolderRow> rows;
     rows.reserve(m_store.folders().size() + 1);
     if (m_store.isNestletInstalled())
-        rows.append(rowFor(appStoreFolderID(), tr("Nestlet"), true));
+        rows.append(rowFor({.id = appStoreFolderID(), .name = tr("Nestlet")}, true));
     for (const DockFolder &folder : m_store.folders())
-        rows.append(rowFor(folder.id, folder.name, m_store.isLocked(folder.id)));
+        rows.append(rowFor(folder, m_store.isLocked(folder.id)));
     updateRows(rows);
+}
+
+QString FolderListModel::status(const FolderRow &row)
+{
+    if (row.isLocked)
+        return tr("Belongs to the App Store app");
+    return row.isInstalled ? tr("Ready in Dock") : tr("Not added yet");
 }
 
 QVariant FolderListModel::data(const QModelIndex &index, int role) const
@@ -44,13 +49,23 @@ QVariant FolderListModel::data(const QModelIndex &index, int role) const
     case FolderIDRole:
         return uuidText(row.id);
     case NameRole:
-        return row.name;
+        return row.folder.name;
     case StatusRole:
-        return row.status;
+        return status(row);
     case IsLockedRole:
         return row.isLocked;
     case IsInstalledRole:
         return row.isInstalled;
+    case AccentColorRole:
+        return previewColor(row.folder);
+    case IconSymbolRole:
+        return row.folder.iconSymbol.value_or(QString());
+    case PictureSourceRole:
+        return QString();
+    case PreviewURLsRole:
+        return previewURLs(row.folder);
+    case PreviewColumnsRole:
+        return previewColumns(row.folder);
     default:
         return {};
     }
@@ -58,11 +73,11 @@ QVariant FolderListModel::data(const QModelIndex &index, int role) const
 
 QHash<int, QByteArray> FolderListModel::roleNames() const
 {
-    return {{FolderIDRole, "folderID"},
-            {NameRole, "name"},
-            {StatusRole, "status"},
-            {IsLockedRole, "isLocked"},
-            {IsInstalledRole, "isInstalled"}};
+    return {{FolderIDRole, "folderID"},       {NameRole, "name"},
+            {StatusRole, "status"},           {IsLockedRole, "isLocked"},
+            {IsInstalledRole, "isInstalled"}, {AccentColorRole, "accentColorHex"},
+            {IconSymbolRole, "iconSymbol"},   {PictureSourceRole, "pictureSource"},
+            {PreviewURLsRole, "previewURLs"}, {PreviewColumnsRole, "previewColumns"}};
 }
 
 QString FolderListModel::folderIDAt(int row) const
@@ -75,4 +90,28 @@ int FolderListModel::rowOf(const QString &folderID) const
     const std::optional<QUuid> id = uuidFromText(folderID);
     const auto found = std::ranges::find(rows(), id, &FolderRow::id);
     return found == rows().end() ? -1 : static_cast<int>(std::distance(rows().begin(), found));
+}
+
+int FolderListModel::rowStartingWith(const QString &text, int row) const
+{
+    const int count = rowCount();
+    for (int step = 1; step <= count; ++step) {
+        const int candidate = (std::max(row, -1) + step) % count;
+        if (rows().at(candidate).folder.name.startsWith(text, Qt::CaseInsensitive))
+            return candidate;
+    }
+    return -1;
+}
+
+int FolderListModel::firstMovableRow() const
+{
+    return !rows().isEmpty() && rows().first().id == appStoreFolderID() ? 1 : 0;
+}
+
+void FolderListModel::moveFolder(const QString &folderID, int row)
+{
+    const int source = rowOf(folderID) - firstMovableRow();
+    const int target = std::clamp(row, firstMovableRow(), rowCount() - 1) - firstMovableRow();
+    if (source >= 0 && source != target)
+        m_store.moveFolders({source}, target > source ? target + 1 : target);
 }

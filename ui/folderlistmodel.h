@@ -1,17 +1,16 @@
 #pragma once
 
+#include "model/dockfolder.h"
 #include "ui/rowlistmodel.h"
 
-#include <QUuid>
 #include <QtQml/qqmlregistration.h>
 
 class CompanionStore;
 
 /// What the sidebar shows of one folder.
 struct FolderRow {
-    QUuid id{};
-    QString name{};
-    QString status{}; ///< the caption while no drag hovers
+    QUuid id{}; ///< the folder's
+    DockFolder folder{}; ///< shares its data with the store's
     bool isLocked{};
     bool isInstalled{};
     bool operator==(const FolderRow &) const = default;
@@ -25,7 +24,18 @@ class FolderListModel final : public RowListModel<FolderRow> {
     QML_UNCREATABLE("Made by CompanionViewModel")
 
 public:
-    enum Role { FolderIDRole = Qt::UserRole, NameRole, StatusRole, IsLockedRole, IsInstalledRole };
+    enum Role {
+        FolderIDRole = Qt::UserRole,
+        NameRole,
+        StatusRole, ///< the caption while no drag hovers
+        IsLockedRole,
+        IsInstalledRole,
+        AccentColorRole, ///< "#RRGGBB", or empty: none that can be read
+        IconSymbolRole, ///< empty: none
+        PictureSourceRole, ///< of an image; empty: none
+        PreviewURLsRole, ///< of the first items, as texts
+        PreviewColumnsRole,
+    };
 
     explicit FolderListModel(CompanionStore &store, QObject *parent = nullptr);
 
@@ -36,10 +46,17 @@ public:
     Q_INVOKABLE [[nodiscard]] QString folderIDAt(int row) const;
     /// -1 when no row shows the folder.
     Q_INVOKABLE [[nodiscard]] int rowOf(const QString &folderID) const;
+    /// The next row after `row`, going round, whose name begins with the text; -1: none.
+    Q_INVOKABLE [[nodiscard]] int rowStartingWith(const QString &text, int row) const;
+    /// Moves a folder so that it ends at `row`. The App Store folder stays first.
+    Q_INVOKABLE void moveFolder(const QString &folderID, int row);
 
 private:
     void update();
-    [[nodiscard]] FolderRow rowFor(const QUuid &id, const QString &name, bool isLocked) const;
+    [[nodiscard]] FolderRow rowFor(const DockFolder &folder, bool isLocked) const;
+    [[nodiscard]] static QString status(const FolderRow &row);
+    /// How many rows stand before the library's first.
+    [[nodiscard]] int firstMovableRow() const;
 
     CompanionStore &m_store;
 };

@@ -7,7 +7,7 @@ void ItemListModel::setItems(const QList<DockFolderItem> &items)
     QList<ItemRow> rows;
     rows.reserve(items.size());
     for (const DockFolderItem &item : items)
-        rows.append({.id = item.id, .name = item.name, .path = item.url.path()});
+        rows.append({.id = item.id, .name = item.name, .url = item.url});
     updateRows(rows);
 }
 
@@ -21,8 +21,10 @@ QVariant ItemListModel::data(const QModelIndex &index, int role) const
         return uuidText(row.id);
     case NameRole:
         return row.name;
+    case URLRole:
+        return row.url.text();
     case PathRole:
-        return row.path;
+        return row.url.path();
     default:
         return {};
     }
@@ -30,5 +32,17 @@ QVariant ItemListModel::data(const QModelIndex &index, int role) const
 
 QHash<int, QByteArray> ItemListModel::roleNames() const
 {
-    return {{ItemIDRole, "itemID"}, {NameRole, "name"}, {PathRole, "path"}};
+    return {{ItemIDRole, "itemID"}, {NameRole, "name"}, {URLRole, "url"}, {PathRole, "path"}};
+}
+
+QString ItemListModel::itemIDAt(int row) const
+{
+    return row >= 0 && row < rows().size() ? uuidText(rows().at(row).id) : QString();
+}
+
+int ItemListModel::rowOf(const QString &itemID) const
+{
+    const std::optional<QUuid> id = uuidFromText(itemID);
+    const auto found = std::ranges::find(rows(), id, &ItemRow::id);
+    return found == rows().end() ? -1 : static_cast<int>(std::distance(rows().begin(), found));
 }

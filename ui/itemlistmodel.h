@@ -9,7 +9,7 @@
 struct ItemRow {
     QUuid id{};
     QString name{};
-    QString path{};
+    FileURL url{};
     bool operator==(const ItemRow &) const = default;
 };
 
@@ -20,7 +20,12 @@ class ItemListModel : public RowListModel<ItemRow> {
     QML_UNCREATABLE("Made by FolderDetailModel")
 
 public:
-    enum Role { ItemIDRole = Qt::UserRole, NameRole, PathRole };
+    enum Role {
+        ItemIDRole = Qt::UserRole,
+        NameRole,
+        URLRole, ///< as text
+        PathRole,
+    };
 
     using RowListModel::RowListModel;
 
@@ -28,4 +33,9 @@ public:
 
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
+
+    /// The item of a row, as text; empty outside the list.
+    Q_INVOKABLE [[nodiscard]] QString itemIDAt(int row) const;
+    /// -1 when no row shows the item.
+    Q_INVOKABLE [[nodiscard]] int rowOf(const QString &itemID) const;
 };

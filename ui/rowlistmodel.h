@@ -18,64 +18,111 @@ public:
     }
 
 protected:
+    using ID = decltype(Row::id);
+
     [[nodiscard]] const QList<Row> &rows() const { return m_rows; }
 
     void updateRows(const QList<Row> &wanted)
     {
-        removeMissing(wanted);
-        for (int row = 0; row < wanted.size(); ++row)
-            placeRow(row, wanted.at(row));
-        removeBehind(static_cast<int>(wanted.size()));
+        if (const auto differing = std::ranges::mismatch(m_rows, wanted, {}, &Row::id, &Row::id);
+            differing.in1 != m_rows.end() || differing.in2 != wanted.end()) {
+            removeMissing(wanted);
+            placeRows(wanted);
+        }
+        changeRows(wanted);
     }
 
 private:
-    // Left over when an id that a damaged library held twice is there once only.
-    void removeBehind(int count)
+    static QSet<ID> idsOf(const QList<Row> &rows)
     {
-        if (m_rows.size() <= count)
-            return;
-        beginRemoveRows({}, count, static_cast<int>(m_rows.size()) - 1);
-        m_rows.resize(count);
-        endRemoveRows();
+        QSet<ID> ids;
+        ids.reserve(rows.size());
+        for (const Row &row : rows)
+            ids.insert(row.id);
+        return ids;
     }
 
     void removeMissing(const QList<Row> &wanted)
     {
-        QSet<decltype(Row::id)> ids;
-        for (const Row &row : wanted)
-            ids.insert(row.id);
-        for (int row = static_cast<int>(m_rows.size()) - 1; row >= 0; --row) {
-            if (ids.contains(m_rows.at(row).id))
-                continue;
-            beginRemoveRows({}, row, row);
-            m_rows.removeAt(row);
-            endRemoveRows();
+        const QSet<ID> ids = idsOf(wanted);
+        for (int end = static_cast<int>(m_rows.size()); end > 0;) {
+            int first = end;
+            while (first > 0 && !ids.contains(m_rows.at(first - 1).id))
+                --first;
+            removeRun(first, end);
+            end = std::max(first - 1, 0);
         }
     }
 
-    // Brings `wanted` to `row` by the smallest change a view can animate; rows above are in place.
-    void placeRow(int row, const Row &wanted)
+    void removeRun(int first, int end)
     {
-        if (const int current = rowFrom(row, wanted); current < 0) {
-            beginInsertRows({}, row, row);
-            m_rows.insert(row, wanted);
-            endInsertRows();
-        } else if (current != row) {
-            beginMoveRows({}, current, current, {}, row);
-            m_rows.move(current, row);
-            endMoveRows();
+        if (first == end)
+            return;
+        beginRemoveRows({}, first, end - 1);
+        m_rows.remove(first, end - first);
+        endRemoveRows();
+    }
+
+    // Brings every wanted row to its place by the fewest changes that a view can animate.
+    void placeRows(const QList<Row> &wanted)
+    {
+        QSet<ID> known = idsOf(m_rows);
+        for (int row = 0; row < wanted.size(); ++row) {
+            if (row < m_rows.size() && m_rows.at(row).id == wanted.at(row).id)
+                continue;
+            if (const int current = rowFrom(row, wanted.at(row).id); current >= 0) {
+                if (current == row + 1) // the row in between went down, most likely
+                    moveRow(row, placeOf(m_rows.at(row).id, wanted, row));
+                if (m_rows.at(row).id != wanted.at(row).id)
+                    moveRow(rowFrom(row, wanted.at(row).id), row);
+                continue;
+            }
+            int end = row + 1;
+            while (end < wanted.size() && !known.contains(wanted.at(end).id))
+                ++end;
+            insertRun(wanted, row, end);
         }
-        if (m_rows.at(row) != wanted) {
-            m_rows[row] = wanted;
+        // Left over when an id that a damaged library held twice is there once only.
+        removeRun(static_cast<int>(wanted.size()), static_cast<int>(m_rows.size()));
+    }
+
+    // Where a row that is not in place yet goes, as far as the list reaches now.
+    int placeOf(const ID &id, const QList<Row> &wanted, int start) const
+    {
+        const auto found = std::ranges::find(wanted.begin() + start, wanted.end(), id, &Row::id);
+        return static_cast<int>(std::min(std::distance(wanted.begin(), found), m_rows.size() - 1));
+    }
+
+    void moveRow(int from, int to)
+    {
+        if (from == to)
+            return;
+        beginMoveRows({}, from, from, {}, to > from ? to + 1 : to);
+        m_rows.move(from, to);
+        endMoveRows();
+    }
+
+    void insertRun(const QList<Row> &wanted, int first, int end)
+    {
+        beginInsertRows({}, first, end - 1);
+        m_rows = m_rows.first(first) + wanted.sliced(first, end - first) + m_rows.sliced(first);
+        endInsertRows();
+    }
+
+    void changeRows(const QList<Row> &wanted)
+    {
+        for (int row = 0; row < wanted.size(); ++row) {
+            if (m_rows.at(row) == wanted.at(row))
+                continue;
+            m_rows[row] = wanted.at(row);
             Q_EMIT dataChanged(index(row), index(row));
         }
     }
 
-    int rowFrom(int start, const Row &wanted) const
+    int rowFrom(int start, const ID &id) const
     {
-        const auto found
-            = std::find_if(m_rows.begin() + std::min<qsizetype>(start, m_rows.size()), m_rows.end(),
-                           [&](const Row &row) { return row.id == wanted.id; });
+        const auto begin = m_rows.begin() + std::min<qsizetype>(start, m_rows.size());
+        const auto found = std::ranges::find(begin, m_rows.end(), id, &Row::id);
         return found == m_rows.end() ? -1 : static_cast<int>(found - m_rows.begin());
     }
 

@@ -62,10 +62,13 @@ void ItemListModelTest::changesOnlyTheRowsThatDiffer_data()
     QTest::newRow("removal") << QList{0, 2, 3} << QStringList{QStringLiteral("remove 1-1")};
     QTest::newRow("move to the front")
         << QList{3, 0, 1, 2} << QStringList{QStringLiteral("move 3-0")};
-    QTest::newRow("none left") << QList<int>()
-                               << QStringList{
-                                      QStringLiteral("remove 3-3"), QStringLiteral("remove 2-2"),
-                                      QStringLiteral("remove 1-1"), QStringLiteral("remove 0-0")};
+    QTest::newRow("move to the end")
+        << QList{1, 2, 3, 0} << QStringList{QStringLiteral("move 0-4")};
+    QTest::newRow("two neighbours exchanged")
+        << QList{0, 2, 1, 3} << QStringList{QStringLiteral("move 1-3")};
+    QTest::newRow("two runs removed")
+        << QList{2} << QStringList{QStringLiteral("remove 3-3"), QStringLiteral("remove 0-1")};
+    QTest::newRow("none left") << QList<int>() << QStringList{QStringLiteral("remove 0-3")};
 }
 
 void ItemListModelTest::changesOnlyTheRowsThatDiffer()

@@ -1,0 +1,11 @@
+import QtQuick
+
+/// A line of text as the window shows it. It is part of a control that has a name: one that stands for
+/// itself sets its role and `Accessible.ignored: false`.
+Text {
+    textFormat: Text.PlainText
+    font: Theme.body
+    color: Theme.primary
+    elide: Text.ElideRight
+    Accessible.ignored: true
+}

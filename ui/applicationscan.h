@@ -1,0 +1,39 @@
+#pragma once
+
+#include "system/installedapplications.h"
+
+#include <QFuture>
+#include <QObject>
+#include <QStringList>
+#include <QThreadPool>
+#include <QtQml/qqmlregistration.h>
+
+#include <functional>
+
+/// The installed applications in the order in which they are shown, ready to be searched.
+struct ApplicationList {
+    QList<FileURL> urls{};
+    QStringList names{}; ///< what a user calls each
+    ApplicationFilter filter{};
+};
+
+/// Looks for the installed applications on a thread of its own, as often as it is asked to. Who
+/// asked may be gone when the answer comes. Lives as long as what its scan uses.
+class ApplicationScan final : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Made by the application")
+
+public:
+    using Scan = std::function<QList<FileURL>()>; ///< called on another thread
+
+    explicit ApplicationScan(Scan scan, QObject *parent = nullptr);
+    /// Waits for a scan that still runs.
+    ~ApplicationScan() override;
+
+    [[nodiscard]] QFuture<ApplicationList> start();
+
+private:
+    Scan m_scan;
+    QThreadPool m_threads;
+};

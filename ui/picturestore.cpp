@@ -1,0 +1,46 @@
+#include "ui/picturestore.h"
+
+#include "model/dockfolder.h"
+#include "model/uuidtext.h"
+
+#include <QMutexLocker>
+#include <QSet>
+
+QString PictureStore::pictureSource(const DockFolder &folder)
+{
+    const QMutexLocker lock(&m_mutex);
+    if (!folder.customIconData || folder.customIconData->isEmpty()) {
+        m_pictures.remove(folder.id);
+        return {};
+    }
+    Picture &picture = m_pictures[folder.id];
+    const QByteArray &bytes = *folder.customIconData;
+    if (picture.bytes.constData() == bytes.constData() && picture.bytes.size() == bytes.size())
+        return picture.source; // the same memory: nothing to compare
+    if (picture.bytes != bytes)
+        picture.source = QStringLiteral("image://picture/%1/%2")
+                             .arg(uuidText(folder.id), QString::number(++m_version));
+    picture.bytes = bytes;
+    return picture.source;
+}
+
+void PictureStore::keepOnly(const QList<DockFolder> &folders)
+{
+    const QMutexLocker lock(&m_mutex);
+    if (m_pictures.isEmpty())
+        return;
+    QSet<QUuid> ids;
+    ids.reserve(folders.size());
+    for (const DockFolder &folder : folders)
+        ids.insert(folder.id);
+    m_pictures.removeIf([&](const auto &entry) { return !ids.contains(entry.key()); });
+}
+
+QByteArray PictureStore::bytes(QStringView sourceID) const
+{
+    const std::optional<QUuid> folderID = uuidFromText(sourceID.left(uuidTextLength));
+    if (!folderID)
+        return {};
+    const QMutexLocker lock(&m_mutex);
+    return m_pictures.value(*folderID).bytes;
+}
