@@ -24,6 +24,6 @@ private:
     QThreadPool m_pool;
 };
 
-/// The picture that an image file's bytes hold, upright, scaled down, in its proportions, so that it
-/// just covers `size`; as large as it is when `size` is empty. Null when it cannot be decoded.
+/// The picture that an image file's bytes hold, upright, scaled down, in its proportions, so that
+/// it just covers `size`; as large as it is when `size` is empty. Null when it cannot be decoded.
 [[nodiscard]] QImage decodedPicture(const QByteArray &bytes, const QSize &size);

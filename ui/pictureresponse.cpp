@@ -25,9 +25,11 @@ PictureResponse::PictureResponse(QThreadPool &pool, std::function<QImage()> make
         const QImage image = isWanted() ? make() : QImage();
         const QMutexLocker lock(&shared->mutex);
         shared->image = image;
-        // The toolkit waits for it even after it has cancelled.
+        // The toolkit waits for it even after it has cancelled, but listens only once it has the
+        // response: hence from the response's own thread.
         if (shared->response != nullptr)
-            Q_EMIT shared->response->finished();
+            QMetaObject::invokeMethod(shared->response, &QQuickImageResponse::finished,
+                                      Qt::QueuedConnection);
     });
 }
 

@@ -1,0 +1,51 @@
+#include "ui/fileiconpicture.h"
+
+#include "ui/iconprovider.h"
+
+#include <algorithm>
+
+namespace {
+
+int sideOf(const QSize &area)
+{
+    return std::min(area.width(), area.height());
+}
+
+// The window's icons come in few sizes, and mostly many of one size after the other.
+QImage sharedPlaceholder(int side, const QColor &color)
+{
+    static QColor lastColor;
+    static QImage last;
+    if (last.width() != side || lastColor != color) {
+        last = drawnIconPlaceholder(side, color);
+        lastColor = color;
+    }
+    return last;
+}
+
+} // namespace
+
+FileIconPicture::FileIconPicture(QQuickItem *parent)
+    : LoadedPicture(parent)
+{
+    connect(this, &FileIconPicture::placeholderColorChanged, this, &FileIconPicture::changed);
+}
+
+void FileIconPicture::setURL(const QString &url)
+{
+    if (m_url == url)
+        return;
+    m_url = url;
+    changed();
+    Q_EMIT urlChanged();
+}
+
+PictureRequest FileIconPicture::request(IconProvider &icons, const QSize &area) const
+{
+    return m_url.isEmpty() ? PictureRequest() : icons.iconRequest(m_url, sideOf(area));
+}
+
+QImage FileIconPicture::placeholder(const QImage &, const QSize &area) const
+{
+    return sharedPlaceholder(sideOf(area), m_placeholderColor);
+}

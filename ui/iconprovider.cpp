@@ -1,0 +1,65 @@
+#include "ui/iconprovider.h"
+
+#include "platform/workspace.h"
+#include "ui/pictureresponse.h"
+
+#include <QQmlEngine>
+
+namespace {
+
+constexpr qsizetype cacheBytes = 32 * 1024 * 1024; // 2,600 icons of 56 pixels, 650 of 112
+constexpr int defaultSide = 64;
+
+} // namespace
+
+IconProvider *IconProvider::of(QQmlEngine *engine)
+{
+    return engine == nullptr ? nullptr
+                             : qobject_cast<IconProvider *>(engine->imageProvider(name()));
+}
+
+IconProvider::IconProvider(const Workspace &workspace)
+    : m_workspace(workspace)
+    , m_loader(cacheBytes)
+{
+}
+
+QQuickImageResponse *IconProvider::requestImageResponse(const QString &id,
+                                                        const QSize &requestedSize)
+{
+    const int wanted = std::max(requestedSize.width(), requestedSize.height());
+    const PictureRequest request
+        = iconRequest(QString::fromUtf8(QByteArray::fromPercentEncoding(id.toLatin1())),
+                      wanted > 0 ? wanted : defaultSide);
+    return new PictureResponse(m_loader.pool(),
+                               [this, request] { return m_loader.cache().findOrMake(request); });
+}
+
+PictureRequest IconProvider::iconRequest(const QString &url, int side) const
+{
+    return {.key = QStringLiteral("icon %1 ").arg(side) + url,
+            .make = [this, url, side] { return icon(url, side); }};
+}
+
+PictureRequest IconProvider::gridRequest(const IconGrid &grid)
+{
+    return {.key = grid.key(), .make = [this, grid] { return gridPicture(grid); }};
+}
+
+QImage IconProvider::icon(const QString &url, int side) const
+{
+    const std::optional<FileURL> file = FileURL::fromText(url);
+    QImage image = file ? m_workspace.icon(*file, side) : QImage();
+    image.convertTo(QImage::Format_ARGB32_Premultiplied); // what a screen takes without conversion
+    return image;
+}
+
+// On a thread of the pool, too; its icons are remembered one by one, for one of them may change.
+QImage IconProvider::gridPicture(const IconGrid &grid)
+{
+    QList<QImage> icons;
+    const int side = grid.cellSide();
+    for (const QString &url : grid.urls.mid(0, grid.cells().size()))
+        icons.append(m_loader.cache().findOrMake(iconRequest(url, side)));
+    return drawnIconGrid(grid, icons);
+}
