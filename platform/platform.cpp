@@ -2,10 +2,12 @@
 
 #include "platform/bookmarks.h"
 #include "platform/clock.h"
+#include "platform/colorpanel.h"
 #include "platform/directories.h"
 #include "platform/directorywatcher.h"
 #include "platform/filesystem.h"
 #include "platform/mainbundle.h"
+#include "platform/openpanel.h"
 #include "platform/processrunner.h"
 #include "platform/runningapplications.h"
 #include "platform/urlfetcher.h"

@@ -7,10 +7,12 @@
 
 class Bookmarks;
 class Clock;
+class ColorPanel;
 class Directories;
 class DirectoryWatcher;
 class FileSystem;
 class MainBundle;
+class OpenPanel;
 class ProcessRunner;
 class RunningApplications;
 class URLFetcher;
@@ -36,6 +38,9 @@ struct Platform {
     std::unique_ptr<MainBundle> mainBundle;
     std::unique_ptr<Clock> clock;
     std::unique_ptr<URLFetcher> network;
+    // Where the system has none, the window brings its own.
+    std::unique_ptr<ColorPanel> colorPanel;
+    std::unique_ptr<OpenPanel> openPanel;
     std::optional<QUrl> updateFeed; ///< in place of the built-in one; a portable system only
 };
 

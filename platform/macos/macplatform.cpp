@@ -1,10 +1,12 @@
 #include "platform/platform.h"
 
 #include "platform/macos/macbookmarks.h"
+#include "platform/macos/maccolorpanel.h"
 #include "platform/macos/macdirectories.h"
 #include "platform/macos/macdirectorywatcher.h"
 #include "platform/macos/macfilesystem.h"
 #include "platform/macos/macmainbundle.h"
+#include "platform/macos/macopenpanel.h"
 #include "platform/macos/macprocessrunner.h"
 #include "platform/macos/macrunningapplications.h"
 #include "platform/macos/macuserdefaults.h"
@@ -27,5 +29,7 @@ Platform makePlatform()
     platform.mainBundle = std::make_unique<MacMainBundle>();
     platform.clock = std::make_unique<QtClock>();
     platform.network = std::make_unique<QtURLFetcher>();
+    platform.colorPanel = std::make_unique<MacColorPanel>();
+    platform.openPanel = std::make_unique<MacOpenPanel>();
     return platform;
 }

@@ -39,6 +39,14 @@ enum : NSURLBookmarkCreationOptions { NSURLBookmarkCreationWithSecurityScope = 1
 
 constexpr NSCompositingOperation NSCompositingOperationSourceOver = NSCompositeSourceOver;
 
+@interface NSColorSpace (MacAdditions)
++ (NSColorSpace *)sRGBColorSpace;
+@end
+
+@interface NSOpenPanel (MacAdditions)
+- (void)setAllowedContentTypes:(NSArray *)contentTypes;
+@end
+
 @interface NSWorkspaceOpenConfiguration : NSObject
 + (instancetype)configuration;
 - (void)setActivates:(BOOL)activates;
