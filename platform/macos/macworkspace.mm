@@ -1,6 +1,7 @@
 #include "platform/macos/macworkspace.h"
 
 #include "platform/macos/foundationtypes.h"
+#include "platform/macos/imagedrawing.h"
 
 #import <AppKit/AppKit.h>
 
@@ -8,41 +9,16 @@
 
 namespace {
 
-// Red, green, blue, alpha, premultiplied: what QImage calls RGBA8888_Premultiplied. The bitmap
-// draws into `pixels`, which must outlive it.
-NSBitmapImageRep *bitmapOver(QImage &pixels)
-{
-    unsigned char *plane = pixels.bits();
-    return [[[NSBitmapImageRep alloc] initWithBitmapDataPlanes:&plane
-                                                    pixelsWide:pixels.width()
-                                                    pixelsHigh:pixels.height()
-                                                 bitsPerSample:8
-                                               samplesPerPixel:4
-                                                      hasAlpha:YES
-                                                      isPlanar:NO
-                                                colorSpaceName:NSDeviceRGBColorSpace
-                                                   bytesPerRow:pixels.bytesPerLine()
-                                                  bitsPerPixel:32] autorelease];
-}
-
 // An NSImage holds a picture for each of several sizes: drawn into its final size, it takes the one
 // that fits.
 QImage drawn(NSImage *icon, int side)
 {
-    QImage pixels(side, side, QImage::Format_RGBA8888_Premultiplied);
-    pixels.fill(Qt::transparent);
-    NSGraphicsContext *context =
-        [NSGraphicsContext graphicsContextWithBitmapImageRep:bitmapOver(pixels)];
-    [NSGraphicsContext saveGraphicsState]; // the current context belongs to the calling thread
-    [NSGraphicsContext setCurrentContext:context];
-    [context setImageInterpolation:NSImageInterpolationHigh];
-    [icon drawInRect:NSMakeRect(0, 0, side, side)
-            fromRect:NSZeroRect // all of it
-           operation:NSCompositingOperationSourceOver
-            fraction:1];
-    [context flushGraphics];
-    [NSGraphicsContext restoreGraphicsState];
-    return pixels;
+    return imageDrawnBy(QSize(side, side), [&] {
+        [icon drawInRect:NSMakeRect(0, 0, side, side)
+                fromRect:NSZeroRect // all of it
+               operation:NSCompositingOperationSourceOver
+                fraction:1];
+    });
 }
 
 } // namespace

@@ -38,6 +38,32 @@ enum : NSURLBookmarkCreationOptions { NSURLBookmarkCreationWithSecurityScope = 1
 @end
 
 constexpr NSCompositingOperation NSCompositingOperationSourceOver = NSCompositeSourceOver;
+constexpr NSCompositingOperation NSCompositingOperationSourceIn = NSCompositeSourceIn;
+
+typedef CGFloat NSFontWeight;
+extern const NSFontWeight NSFontWeightUltraLight, NSFontWeightThin, NSFontWeightLight,
+    NSFontWeightRegular, NSFontWeightMedium, NSFontWeightSemibold, NSFontWeightBold,
+    NSFontWeightHeavy, NSFontWeightBlack;
+
+@interface NSImageSymbolConfiguration : NSObject
++ (instancetype)configurationWithPointSize:(CGFloat)pointSize weight:(NSFontWeight)weight;
++ (instancetype)configurationWithPaletteColors:(NSArray *)paletteColors;
+- (instancetype)configurationByApplyingConfiguration:(NSImageSymbolConfiguration *)configuration;
+@end
+
+@interface NSImage (MacAdditions)
++ (instancetype)imageWithSystemSymbolName:(NSString *)symbolName
+                 accessibilityDescription:(NSString *)description;
+- (NSImage *)imageWithSymbolConfiguration:(NSImageSymbolConfiguration *)configuration;
+@end
+
+@interface NSColorSpace (MacAdditions)
++ (NSColorSpace *)sRGBColorSpace;
+@end
+
+@interface NSOpenPanel (MacAdditions)
+- (void)setAllowedContentTypes:(NSArray *)contentTypes;
+@end
 
 @interface NSColorSpace (MacAdditions)
 + (NSColorSpace *)sRGBColorSpace;
