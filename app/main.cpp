@@ -1,21 +1,9 @@
-#include "builder/codesign.h"
-#include "builder/proxybuilder.h"
-#include "builder/proxydirectory.h"
-#include "builder/templateapp.h"
-#include "model/libraryfile.h"
-#include "platform/clock.h"
-#include "platform/directories.h"
-#include "platform/filesystem.h"
-#include "platform/mainbundle.h"
 #include "platform/platform.h"
-#include "platform/processrunner.h"
-#include "platform/runningapplications.h"
-#include "platform/userdefaults.h"
-#include "platform/workspace.h"
-#include "store/companionstore.h"
-#include "store/proxylifecycle.h"
-#include "system/docktiles.h"
+#include "store/companionengine.h"
+#include "system/installedapplications.h"
 #include "ui/companionviewmodel.h"
+#include "ui/imageproviders.h"
+#include "ui/picturestore.h"
 
 #include <QCommandLineParser>
 #include <QGuiApplication>
@@ -52,45 +40,21 @@ int main(int argc, char *argv[])
 
     const QGuiApplication application(argc, argv);
     Platform platform = makePlatform();
-
-    const CodeSign codeSign(*platform.processes, *platform.files, *platform.directories);
-    const TemplateApp templateApp({.files = *platform.files,
-                                   .directories = *platform.directories,
-                                   .mainBundle = *platform.mainBundle,
-                                   .workspace = *platform.workspace,
-                                   .codeSign = codeSign});
-    const ProxyDirectory proxyDirectory(*platform.files, *platform.directories);
-    const ProxyBuilder proxyBuilder(*platform.files, codeSign);
-    const DockTiles dockTiles(*platform.dockDefaults, *platform.processes, *platform.directories);
-    LibraryFile library(*platform.files, *platform.directories);
-
-    CompanionStore *storeOfProxies = nullptr;
-    ProxyLifecycle proxies(
-        {.files = *platform.files,
-         .templateApp = templateApp,
-         .directory = proxyDirectory,
-         .builder = proxyBuilder,
-         .dockTiles = dockTiles,
-         .applications = *platform.applications,
-         .workspace = *platform.workspace,
-         .clock = *platform.clock},
-        [&](const QUuid &id) { return storeOfProxies->folder(id); }, EventTurns::Start::OnRelease);
-    CompanionStore store({.platform = platform,
-                          .library = library,
-                          .templateApp = templateApp,
-                          .proxyDirectory = proxyDirectory,
-                          .proxies = proxies});
-    storeOfProxies = &store;
-    store.start();
-    QObject::connect(&application, &QGuiApplication::applicationStateChanged, &store,
+    CompanionEngine companion(platform, EventTurns::Start::OnRelease);
+    companion.store.start();
+    QObject::connect(&application, &QGuiApplication::applicationStateChanged, &companion.store,
                      [&](Qt::ApplicationState state) {
                          if (state == Qt::ApplicationActive)
-                             store.applicationBecameActive();
+                             companion.store.applicationBecameActive();
                      });
 
     [[maybe_unused]] auto *const volatile uiTypes = &qml_register_types_Nestlet_Companion;
-    CompanionViewModel viewModel(store);
+    PictureStore pictures;
+    CompanionViewModel viewModel(companion.store, pictures, [&] {
+        return scanInstalledApplications(*platform.files, *platform.directories);
+    });
     QQmlApplicationEngine engine;
+    addImageProviders(engine, *platform.workspace, pictures);
     engine.setInitialProperties({{QStringLiteral("model"), QVariant::fromValue(&viewModel)}});
     engine.addImportPath(QStringLiteral(":/qt/qml"));
     engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Nestlet/Companion/CompanionView.qml")));
@@ -100,7 +64,8 @@ int main(int argc, char *argv[])
     // The rebuilds that a launch begins with block the main thread: the window comes first.
     const auto *window = qobject_cast<QQuickWindow *>(engine.rootObjects().first());
     QObject::connect(
-        window, &QQuickWindow::frameSwapped, &proxies, [&] { proxies.release(); },
+        window, &QQuickWindow::frameSwapped, &companion.proxies,
+        [&] { companion.proxies.release(); },
         static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
     return QGuiApplication::exec();
 }

@@ -121,12 +121,13 @@ QString TemplateApp::missingLocationsText() const
     return paths.join(u", ");
 }
 
-bool TemplateApp::isNestletInstalled() const
+std::optional<FileURL> TemplateApp::installedNestletURL() const
 {
-    const auto exists = [this](const FileURL &url) { return m_.files.exists(url); };
-    if (std::ranges::any_of(fixedCandidates(), exists))
-        return true;
+    for (const FileURL &url : fixedCandidates()) {
+        if (m_.files.exists(url))
+            return url;
+    }
     // Asking the workspace is dear, so it comes last.
     const auto known = m_.workspace.applicationWithBundleIdentifier(nestletBundleIdentifier);
-    return known && exists(*known);
+    return known && m_.files.exists(*known) ? known : std::nullopt;
 }

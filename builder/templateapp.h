@@ -4,6 +4,8 @@
 
 #include <QList>
 
+#include <optional>
+
 class CodeSign;
 class Directories;
 class FileSystem;
@@ -32,8 +34,9 @@ public:
     void verifyNestletApp(const FileURL &bundle, bool checkSigner) const;
     /// All candidates' paths, for a message.
     [[nodiscard]] QString missingLocationsText() const;
-    /// Whether something is at any candidate's path; verifies nothing.
-    [[nodiscard]] bool isNestletInstalled() const;
+    /// The first candidate at whose path something is; verifies nothing.
+    [[nodiscard]] std::optional<FileURL> installedNestletURL() const;
+    [[nodiscard]] bool isNestletInstalled() const { return installedNestletURL().has_value(); }
 
 private:
     [[nodiscard]] FileURL siblingURL() const;

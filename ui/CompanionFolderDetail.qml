@@ -1,17 +1,17 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
-import QtQuick.Controls.Basic
 import Nestlet.Companion
 
-/// The right column for one folder: its name, its place in the Dock and its items.
+/// The right column for one folder: its name, its place in the Dock, its look and its items.
 Item {
     id: root
 
     required property FolderDetailModel folder
+    required property ApplicationScan applicationScan
     property string untouchedDraft
+    property bool showAppPicker: false
+    property bool isConfirmingDelete: false
+    readonly property bool contentsDropTargeted: dropTarget.isTargeted || headerDropTarget.isTargeted
     readonly property bool isNameTouched: nameField.text !== root.untouchedDraft
-    signal removeRequested
 
     function showName(name: string) {
         nameField.text = name;
@@ -33,7 +33,10 @@ Item {
     Connections {
         target: root.folder
         function onFolderIDChanged() {
+            root.showAppPicker = false;
+            root.isConfirmingDelete = false;
             root.resetDraft();
+            scroll.contentY = 0;
         }
         function onNameChanged() {
             if (!root.isNameTouched)
@@ -49,218 +52,263 @@ Item {
         onDropped: urls => root.folder.addItems(urls)
     }
 
-    Item {
+    DetailHeader {
         id: header
         anchors.left: parent.left
         anchors.right: parent.right
-        anchors.top: parent.top
-        height: Theme.headerHeight
-
-        Text {
-            anchors.left: parent.left
-            anchors.leftMargin: Theme.contentInset
-            anchors.right: actionsButton.left
-            anchors.rightMargin: 12
-            anchors.verticalCenter: parent.verticalCenter
-            text: root.folder.name
-            textFormat: Text.PlainText
-            font.family: Theme.fontFamily
-            font.pixelSize: 15
-            font.bold: true
-            color: Theme.primary
-            elide: Text.ElideRight
-            Accessible.role: Accessible.Heading
-            Accessible.name: root.folder.name
-        }
+        title: root.folder.name
 
         SymbolButton {
             id: actionsButton
             objectName: "folderActionsButton"
-            anchors.right: parent.right
-            anchors.rightMargin: 20
-            anchors.verticalCenter: parent.verticalCenter
-            symbol: "⋯"
-            isMenuShown: menu.visible
+            symbol: "ellipsis.circle"
             text: qsTr("Folder Actions")
-            onClicked: menu.popup(actionsButton, actionsButton.width - menu.width,
-                                  actionsButton.height + 2)
-
-            CompanionMenu {
-                id: menu
-
-                CompanionMenuItem {
-                    text: qsTr("Reveal in Finder")
-                    enabled: root.folder.isInstalled
-                    onTriggered: root.folder.revealInFinder()
-                }
-                MenuSeparator {}
-                CompanionMenuItem {
-                    text: qsTr("Remove Folder")
-                    isDestructive: true
-                    enabled: !root.folder.isLocked
-                    onTriggered: root.removeRequested()
-                }
-            }
-        }
-
-        Rectangle {
-            anchors.left: parent.left
-            anchors.right: parent.right
-            anchors.bottom: parent.bottom
-            height: 1
-            color: Theme.separator
+            isMenuShown: menuLoader.isShown
+            onClicked: menuLoader.open()
         }
     }
 
-    Item {
-        id: content
+    MenuLoader {
+        id: menuLoader
+        button: actionsButton
+
+        sourceComponent: CompanionMenu {
+            CompanionMenuItem {
+                text: qsTr("Reveal in Finder")
+                symbol: "finder"
+                enabled: root.folder.isInstalled
+                onTriggered: root.folder.revealInFinder()
+            }
+            CompanionMenuSeparator {}
+            CompanionMenuItem {
+                text: qsTr("Remove Folder")
+                symbol: "trash"
+                isDestructive: true
+                enabled: !root.folder.isLocked
+                onTriggered: root.isConfirmingDelete = true
+            }
+        }
+    }
+
+    ScrollArea {
+        id: scroll
+        objectName: "detailScroll"
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.top: header.bottom
         anchors.bottom: parent.bottom
-        anchors.leftMargin: Theme.contentInset
-        anchors.rightMargin: Theme.contentInset
-        anchors.topMargin: Theme.contentInset
+        contentHeight: sections.height + Theme.contentInset + Theme.contentBottomInset
 
-        TextField {
-            id: nameField
-            objectName: "nameField"
-            anchors.left: parent.left
-            anchors.top: parent.top
-            width: 320
-            placeholderText: qsTr("Folder name")
-            readOnly: root.folder.isLocked
-            selectByMouse: true
-            font.family: Theme.fontFamily
-            font.pixelSize: Theme.titleSize
-            font.weight: Font.DemiBold
-            color: Theme.primary
-            placeholderTextColor: Theme.tertiary
-            selectionColor: Theme.accent
-            selectedTextColor: Theme.accentText
-            leftPadding: 10
-            rightPadding: 10
-            Accessible.name: qsTr("Folder name")
-            onAccepted: root.commitName()
-            onActiveFocusChanged: {
-                if (!nameField.activeFocus)
-                    root.commitName();
+        Column {
+            id: sections
+            x: Theme.contentInset
+            y: Theme.contentInset
+            width: scroll.width - 2 * Theme.contentInset
+            spacing: Theme.sectionSpacing
+
+            LockedFolderBanner {
+                width: parent.width
+                visible: root.folder.isLocked
             }
-            Keys.onEscapePressed: root.resetDraft()
 
-            background: Rectangle {
-                radius: Theme.buttonRadius
-                color: Theme.faded(Theme.secondary, 0.1)
+            Item {
+                id: headerRow
+                width: parent.width
+                height: preview.height
 
-                FocusRing {
-                    visible: nameField.activeFocus
+                DockIconPreview {
+                    id: preview
+                    anchors.left: parent.left
+                    size: 96
+                    folderID: root.folder.folderID
+                    accentColorHex: root.folder.accentColorHex
+                    iconSymbol: root.folder.iconSymbol
+                    pictureSource: root.folder.pictureSource
+                    previewURLs: root.folder.previewURLs
+                    previewColumns: root.folder.previewColumns
+                }
+
+                Column {
+                    anchors.left: preview.right
+                    anchors.leftMargin: 20
+                    anchors.right: parent.right
+                    anchors.verticalCenter: parent.verticalCenter
+                    spacing: 8
+
+                    FolderNameField {
+                        id: nameField
+                        objectName: "nameField"
+                        visible: !root.folder.isLocked
+                        onAccepted: root.commitName()
+                        onEditingEnded: root.commitName()
+                        onEditingCancelled: root.resetDraft()
+                    }
+
+                    CompanionText {
+                        width: parent.width
+                        visible: root.folder.isLocked
+                        text: root.folder.name
+                        font: Theme.titleSemibold
+                    }
+
+                    Row {
+                        visible: root.folder.isLocked
+                        spacing: 6
+
+                        Rectangle {
+                            anchors.verticalCenter: parent.verticalCenter
+                            width: 7
+                            height: 7
+                            radius: 3.5
+                            color: Theme.secondary
+                        }
+
+                        CompanionText {
+                            text: qsTr("App Store Folder")
+                            font: Theme.captionMedium
+                            color: Theme.secondary
+                            Accessible.ignored: false
+                            Accessible.role: Accessible.StaticText
+                            Accessible.name: text
+                        }
+                    }
+                }
+
+                FileDropTarget {
+                    id: headerDropTarget
+                    objectName: "headerDropTarget"
+                    anchors.fill: parent
+                    anchors.margins: -10
+                    z: -1
+                    enabled: !root.folder.isLocked
+                    onDropped: urls => root.folder.addItems(urls)
+
+                    Rectangle {
+                        anchors.fill: parent
+                        radius: Theme.cardRadius
+                        visible: headerDropTarget.isTargeted
+                        color: Theme.faded(Theme.accent, 0.06)
+                        border.width: 1.5
+                        border.color: Theme.faded(Theme.accent, 0.5)
+                    }
                 }
             }
-        }
 
-        Rectangle {
-            id: statusCard
-            anchors.left: parent.left
-            anchors.right: parent.right
-            anchors.top: nameField.bottom
-            anchors.topMargin: Theme.sectionSpacing
-            height: 72
-            radius: Theme.cardRadius
-            color: Theme.quaternary
-            border.width: 1
-            border.color: Theme.faded(Theme.quaternary, 0.05)
+            CompanionCardBackground {
+                width: parent.width
+                height: 72
 
-            CompanionStatusPanel {
-                anchors.left: parent.left
-                anchors.leftMargin: 16
-                anchors.right: dockButton.left
-                anchors.rightMargin: 16
-                anchors.verticalCenter: parent.verticalCenter
-                isInstalled: root.folder.isInstalled
-                isLocked: root.folder.isLocked
+                CompanionStatusPanel {
+                    anchors.left: parent.left
+                    anchors.leftMargin: Theme.cardInset
+                    anchors.right: dockButton.visible ? dockButton.left : parent.right
+                    anchors.rightMargin: Theme.cardInset
+                    anchors.verticalCenter: parent.verticalCenter
+                    isInstalled: root.folder.isInstalled
+                    isLocked: root.folder.isLocked
+                }
+
+                DockButton {
+                    id: dockButton
+                    objectName: "dockButton"
+                    anchors.right: parent.right
+                    anchors.rightMargin: Theme.cardInset
+                    anchors.verticalCenter: parent.verticalCenter
+                    visible: !root.folder.isLocked
+                    isInstalled: root.folder.isInstalled
+                    isBusy: root.folder.isInstalling
+                    onClicked: root.folder.showInDock()
+                }
             }
 
-            DockButton {
-                id: dockButton
-                objectName: "dockButton"
-                anchors.right: parent.right
-                anchors.rightMargin: 16
-                anchors.verticalCenter: parent.verticalCenter
+            CompanionCardBackground {
+                width: parent.width
+                height: appearance.height + 2 * Theme.cardInset
                 visible: !root.folder.isLocked
-                isInstalled: root.folder.isInstalled
-                isBusy: root.folder.isInstalling
-                onClicked: root.folder.showInDock()
+
+                AppearanceSection {
+                    id: appearance
+                    anchors.left: parent.left
+                    anchors.right: parent.right
+                    anchors.top: parent.top
+                    anchors.margins: Theme.cardInset
+                    folder: root.folder
+                }
             }
-        }
-
-        Text {
-            id: countText
-            anchors.left: parent.left
-            anchors.top: statusCard.bottom
-            anchors.topMargin: Theme.sectionSpacing
-            text: root.folder.itemCount.toLocaleString(Qt.locale(), "f", 0)
-            font.family: Theme.fontFamily
-            font.pixelSize: Theme.captionSize
-            font.weight: Font.Medium
-            color: Theme.tertiary
-            Accessible.role: Accessible.StaticText
-            Accessible.name: qsTr("%n item(s)", "", root.folder.itemCount)
-        }
-
-        Rectangle {
-            id: itemsArea
-            anchors.left: parent.left
-            anchors.right: parent.right
-            anchors.top: countText.bottom
-            anchors.topMargin: 8
-            anchors.bottom: parent.bottom
-            anchors.bottomMargin: Theme.contentInset
-            radius: 8
-            color: dropTarget.isTargeted ? Theme.faded(Theme.accent, 0.08) : Theme.faded(Theme.quaternary, 0.04)
-            border.width: 1.5
-            border.color: dropTarget.isTargeted ? Theme.faded(Theme.accent, 0.5) : "transparent"
 
             Column {
-                anchors.centerIn: parent
+                id: itemsSection
+                width: parent.width
                 spacing: 8
-                visible: items.count === 0
 
-                Text {
-                    anchors.horizontalCenter: parent.horizontalCenter
-                    text: dropTarget.isTargeted ? qsTr("Release to Add") : qsTr("No items yet")
-                    font.family: Theme.fontFamily
-                    font.pixelSize: Theme.calloutSize
-                    color: dropTarget.isTargeted ? Theme.accent : Theme.secondary
+                Item {
+                    width: parent.width
+                    height: 24
+
+                    CompanionText {
+                        anchors.left: parent.left
+                        anchors.verticalCenter: parent.verticalCenter
+                        text: root.folder.itemCount.toLocaleString(Qt.locale(), "f", 0)
+                        font: Theme.captionMedium
+                        color: Theme.tertiaryText
+                        Accessible.ignored: false
+                        Accessible.role: Accessible.StaticText
+                        Accessible.name: qsTr("%n item(s)", "", root.folder.itemCount)
+                    }
+
+                    PushButton {
+                        id: addAppsButton
+                        objectName: "addAppsButton"
+                        anchors.right: parent.right
+                        visible: !root.folder.isLocked
+                        text: qsTr("Add Apps")
+                        symbol: "plus"
+                        onClicked: root.showAppPicker = true
+                    }
                 }
 
-                Text {
-                    anchors.horizontalCenter: parent.horizontalCenter
-                    text: qsTr("Drag apps, folders or files here.")
-                    font.family: Theme.fontFamily
-                    font.pixelSize: Theme.captionSize
-                    color: Theme.secondary
-                }
-            }
-
-            ListView {
-                id: items
-                objectName: "itemList"
-                anchors.fill: parent
-                anchors.margins: 8
-                clip: true
-                activeFocusOnTab: true
-                boundsBehavior: Flickable.StopAtBounds
-                model: root.folder.items
-                Accessible.role: Accessible.List
-                Accessible.name: qsTr("Items")
-                ScrollBar.vertical: ScrollBar {}
-
-                delegate: FolderItemRow {
-                    width: ListView.view.width
+                FolderItemsGrid {
+                    id: grid
+                    width: parent.width
+                    folderID: root.folder.folderID
+                    items: root.folder.items
                     isLocked: root.folder.isLocked
-                    onRemoveRequested: root.folder.removeItem(itemID)
+                    isSurroundingTargeted: root.contentsDropTargeted
+                    readonly property real contentTop: sections.y + itemsSection.y + y
+                    viewportTop: scroll.contentY - contentTop
+                    viewportHeight: scroll.height
+                    onRemoveRequested: itemID => root.folder.removeItem(itemID)
+                    onMoveRequested: (itemID, index) => root.folder.moveItem(itemID, index)
+                    onAddRequested: urls => root.folder.addItems(urls)
+                    onRevealRequested: (top, bottom) => scroll.reveal(grid.contentTop + top, grid.contentTop + bottom)
                 }
             }
+        }
+    }
+
+    Loader {
+        active: root.isConfirmingDelete
+
+        sourceComponent: AlertPanel {
+            objectName: "removeDialog"
+            title: qsTr("Remove Folder")
+            message: qsTr("The Dock icon will also be removed.")
+            actionText: qsTr("Remove Folder")
+            dismissText: qsTr("Cancel")
+            visible: true
+            onActed: root.folder.removeFolder()
+            onClosed: root.isConfirmingDelete = false
+        }
+    }
+
+    Loader {
+        active: root.showAppPicker
+
+        sourceComponent: AppPickerSheet {
+            scan: root.applicationScan
+            existingURLs: root.folder.itemURLs
+            onAddRequested: urls => root.folder.addItems(urls)
+            onClosed: root.showAppPicker = false
         }
     }
 }

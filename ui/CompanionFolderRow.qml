@@ -6,46 +6,64 @@ import Nestlet.Companion
 ItemDelegate {
     id: root
 
+    required property int index
     required property string folderID
     required property string name
     required property string status
     required property bool isLocked
     required property bool isInstalled
+    required property string accentColorHex
+    required property string iconSymbol
+    required property string pictureSource
+    required property var previewURLs
+    required property int previewColumns
     required property bool isSelected
     required property bool listHasFocus
+    property bool isPooled: false
     readonly property bool isDropTargeted: dropTarget.isTargeted
     readonly property string caption: root.isDropTargeted ? qsTr("Drop to add") : root.status
     readonly property bool isEmphasized: root.isSelected && root.listHasFocus
     signal itemsDropped(urls: var)
+    signal reorderingBegan
+    signal reordered(distance: real)
+    signal reorderingEnded
 
     height: Theme.rowHeight
     padding: 0
+    focusPolicy: Qt.NoFocus
+    Accessible.ignored: root.isPooled
     Accessible.role: Accessible.ListItem
     Accessible.name: root.name
     Accessible.description: root.caption
     Accessible.selectable: true
     Accessible.selected: root.isSelected
+    Accessible.focusable: true
+    Accessible.focused: root.isEmphasized
     Accessible.onPressAction: root.clicked()
 
     ToolTip.text: root.name
-    ToolTip.visible: root.hovered && nameText.truncated
+    ToolTip.visible: root.hovered && nameText.truncated && !root.down
     ToolTip.delay: Theme.toolTipDelay
 
     background: Item {
         Rectangle {
             anchors.fill: parent
-            anchors.leftMargin: 10
-            anchors.rightMargin: 10
-            radius: 6
-            visible: root.isSelected
-            color: root.listHasFocus ? Theme.accent : Theme.quaternary
+            anchors.leftMargin: Theme.selectionInset
+            anchors.rightMargin: Theme.selectionInset
+            radius: Theme.buttonRadius
+            color: root.isEmphasized ? Theme.accentFill : Theme.faded(Theme.primary, 0.1)
+            opacity: root.isSelected ? 1 : 0
+
+            FocusRing {
+                visible: root.isEmphasized && InputModality.isKeyboard
+            }
         }
 
         Rectangle {
             anchors.fill: parent
-            anchors.leftMargin: 10
-            anchors.rightMargin: 10
-            radius: 6
+            anchors.leftMargin: Theme.selectionInset
+            anchors.rightMargin: Theme.selectionInset
+            radius: Theme.buttonRadius
             color: "transparent"
             border.width: 2
             border.color: Theme.accent
@@ -61,58 +79,52 @@ ItemDelegate {
     }
 
     contentItem: Item { // qmllint disable deferred-property-id
-        Rectangle {
+        SidebarFolderThumbnail {
             id: thumbnail
             anchors.left: parent.left
-            anchors.leftMargin: 20
+            anchors.leftMargin: Theme.selectionInset + Theme.rowInset
             anchors.verticalCenter: parent.verticalCenter
-            width: 36
-            height: 36
+            size: 36
             radius: 8
-            gradient: Gradient {
-                GradientStop {
-                    position: 0
-                    color: Theme.isDark ? Qt.hsla(0, 0, 0.22, 1) : Qt.hsla(0, 0, 0.68, 1)
-                }
-                GradientStop {
-                    position: 1
-                    color: Theme.isDark ? Qt.hsla(0, 0, 0.12, 1) : Qt.hsla(0, 0, 0.48, 1)
-                }
-            }
+            folderID: root.folderID
+            accentColorHex: root.accentColorHex
+            iconSymbol: root.iconSymbol
+            pictureSource: root.pictureSource
+            previewURLs: root.previewURLs
+            previewColumns: root.previewColumns
+            isLocked: root.isLocked
         }
 
         Column {
             anchors.left: thumbnail.right
             anchors.leftMargin: 8
             anchors.right: parent.right
-            anchors.rightMargin: 18
+            anchors.rightMargin: Theme.selectionInset + 4
             anchors.verticalCenter: parent.verticalCenter
             spacing: 2
 
-            Text {
+            CompanionText {
                 id: nameText
                 width: parent.width
                 text: root.name
-                textFormat: Text.PlainText
-                font.family: Theme.fontFamily
-                font.pixelSize: Theme.bodySize
-                font.bold: true
+                font: Theme.headline
                 color: root.isEmphasized ? Theme.accentText : Theme.primary
-                elide: Text.ElideRight
-                maximumLineCount: 1
-                Accessible.ignored: true
             }
 
-            Text {
+            CompanionText {
                 width: parent.width
                 text: root.caption
-                font.family: Theme.fontFamily
-                font.pixelSize: Theme.captionSize
+                font: Theme.caption
                 color: root.isEmphasized ? Theme.accentText : root.isDropTargeted
-                                           ? Theme.accent : (root.isInstalled && !root.isLocked)
-                                             ? Theme.blue : Theme.secondary
-                elide: Text.ElideRight
-                Accessible.ignored: true
+                                           ? Theme.accentInk : (root.isInstalled && !root.isLocked)
+                                             ? Theme.blueInk : Theme.secondary
+
+                Behavior on color {
+                    ColorAnimation {
+                        duration: Theme.changeDuration
+                        easing.type: Easing.OutQuad
+                    }
+                }
             }
         }
     }
@@ -122,5 +134,24 @@ ItemDelegate {
         anchors.fill: parent
         enabled: !root.isLocked
         onDropped: urls => root.itemsDropped(urls)
+    }
+
+    DragHandler {
+        id: reordering
+        target: null
+        enabled: !root.isLocked
+        acceptedButtons: Qt.LeftButton
+        xAxis.enabled: false
+        dragThreshold: 5
+        onActiveChanged: {
+            if (active)
+                root.reorderingBegan();
+            else
+                root.reorderingEnded();
+        }
+        onTranslationChanged: {
+            if (active)
+                root.reordered(translation.y);
+        }
     }
 }

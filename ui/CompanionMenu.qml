@@ -6,13 +6,18 @@ Menu {
     id: root
 
     padding: 5
+    Accessible.role: Accessible.PopupMenu
 
-    background: Rectangle {
-        implicitWidth: 200
-        radius: 8
-        color: Theme.isDark ? "#323234" : "#FAFAFA"
-        border.width: 1
-        border.color: Theme.separator
+    background: Item { // qmllint disable deferred-property-id
+        implicitWidth: 210
+
+        Rectangle {
+            anchors.fill: parent
+            radius: Theme.menuRadius
+            color: Theme.menu
+            border.width: 1
+            border.color: Theme.menuBorder
+        }
     }
     delegate: CompanionMenuItem {}
 }

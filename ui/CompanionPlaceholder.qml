@@ -1,9 +1,10 @@
 import QtQuick
 
-/// What a column shows when there is nothing to show: a title over a description.
+/// What a column shows when there is nothing to show: a symbol, and a title over a description.
 Item {
     id: root
 
+    required property string symbol
     required property string title
     required property string description
 
@@ -16,27 +17,27 @@ Item {
         width: Math.min(parent.width - 2 * Theme.contentInset, 420)
         spacing: 8
 
-        Text {
-            width: parent.width
-            text: root.title
-            font.family: Theme.fontFamily
-            font.pixelSize: Theme.titleSize
-            font.weight: Font.DemiBold
-            color: Theme.primary
-            horizontalAlignment: Text.AlignHCenter
-            wrapMode: Text.Wrap
-            Accessible.ignored: true
+        Symbol {
+            anchors.horizontalCenter: parent.horizontalCenter
+            name: root.symbol
+            size: 44
+            color: Theme.tertiary
         }
 
-        Text {
+        CompanionText {
+            width: parent.width
+            text: root.title
+            font: Theme.titleSemibold
+            horizontalAlignment: Text.AlignHCenter
+            wrapMode: Text.Wrap
+        }
+
+        CompanionText {
             width: parent.width
             text: root.description
-            font.family: Theme.fontFamily
-            font.pixelSize: Theme.bodySize
             color: Theme.secondary
             horizontalAlignment: Text.AlignHCenter
             wrapMode: Text.Wrap
-            Accessible.ignored: true
         }
     }
 }

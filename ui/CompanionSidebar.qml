@@ -1,7 +1,4 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
-import QtQuick.Controls.Basic
 import Nestlet.Companion
 
 /// The left column: the commands of the window and the list of all folders.
@@ -20,17 +17,15 @@ Rectangle {
         anchors.top: parent.top
         height: Theme.headerHeight
 
-        Text {
+        CompanionText {
             anchors.left: parent.left
-            anchors.leftMargin: 20
+            anchors.leftMargin: Theme.selectionInset + Theme.rowInset
             anchors.right: addButton.left
+            anchors.rightMargin: 4
             anchors.verticalCenter: parent.verticalCenter
             text: qsTr("Dock Folders")
-            font.family: Theme.fontFamily
-            font.pixelSize: Theme.bodySize
-            font.bold: true
-            color: Theme.primary
-            elide: Text.ElideRight
+            font: Theme.windowTitle
+            Accessible.ignored: false
             Accessible.role: Accessible.Heading
             Accessible.name: text
         }
@@ -40,7 +35,7 @@ Rectangle {
             objectName: "newFolderButton"
             anchors.right: menuButton.left
             anchors.verticalCenter: parent.verticalCenter
-            symbol: "+"
+            symbol: "plus"
             text: qsTr("New Dock Folder")
             onClicked: root.model.createFolder()
         }
@@ -49,23 +44,28 @@ Rectangle {
             id: menuButton
             objectName: "moreButton"
             anchors.right: parent.right
-            anchors.rightMargin: 10
+            anchors.rightMargin: Theme.selectionInset
             anchors.verticalCenter: parent.verticalCenter
-            symbol: "⋯"
-            isMenuShown: menu.visible
+            symbol: "ellipsis.circle"
+            isMenuShown: menuLoader.isShown
             text: qsTr("More")
-            onClicked: menu.popup(menuButton, 0, menuButton.height + 2)
+            onClicked: menuLoader.open()
+        }
 
-            CompanionMenu {
-                id: menu
+        MenuLoader {
+            id: menuLoader
+            button: menuButton
 
+            sourceComponent: CompanionMenu {
                 CompanionMenuItem {
                     text: qsTr("Add All to Dock")
+                    symbol: "square.stack.3d.up"
                     onTriggered: root.model.addAllToDock()
                 }
-                MenuSeparator {}
+                CompanionMenuSeparator {}
                 CompanionMenuItem {
                     text: qsTr("Reset Companion…")
+                    symbol: "arrow.counterclockwise"
                     isDestructive: true
                     onTriggered: root.resetRequested()
                 }
@@ -73,47 +73,14 @@ Rectangle {
         }
     }
 
-    ListView {
+    FolderList {
         id: list
         objectName: "folderList"
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.top: header.bottom
         anchors.bottom: parent.bottom
-        clip: true
-        focus: true
-        activeFocusOnTab: true
-        boundsBehavior: Flickable.StopAtBounds
-        model: root.model.folders
-        keyNavigationEnabled: true
-        Accessible.role: Accessible.List
-        Accessible.name: qsTr("Dock Folders")
-        ScrollBar.vertical: ScrollBar {}
-
-        // The selection is the model's: the list only shows it and asks for another.
-        readonly property int selectedRow: root.model.folders.rowOf(root.model.selection)
-        onSelectedRowChanged: list.currentIndex = list.selectedRow
-        onCountChanged: list.currentIndex = root.model.folders.rowOf(root.model.selection)
-        Keys.onUpPressed: list.selectRow(list.currentIndex - 1)
-        Keys.onDownPressed: list.selectRow(list.currentIndex + 1)
-
-        function selectRow(row: int) {
-            if (row < 0 || row >= list.count)
-                return;
-            root.model.selection = root.model.folders.folderIDAt(row);
-            list.positionViewAtIndex(row, ListView.Contain);
-        }
-
-        delegate: CompanionFolderRow {
-            width: ListView.view.width
-            isSelected: folderID === root.model.selection
-            listHasFocus: list.activeFocus
-            onClicked: {
-                list.forceActiveFocus(Qt.MouseFocusReason);
-                root.model.selection = folderID;
-            }
-            onItemsDropped: urls => root.model.addItems(folderID, urls)
-        }
+        companion: root.model
     }
 
     Rectangle {

@@ -2,11 +2,13 @@ import QtQuick
 import QtQuick.Controls.Basic
 import Nestlet.Companion
 
-/// The window: the sidebar, the detail of what is selected there, and the dialogs over both.
+/// The window: strips over the sidebar and the detail of what is selected there, and the dialogs over
+/// all of it.
 ApplicationWindow {
     id: root
 
     required property CompanionViewModel model
+    property bool isConfirmingReset: false
 
     title: qsTr("Nestlet Companion")
     width: 1060
@@ -15,22 +17,52 @@ ApplicationWindow {
     minimumHeight: 800
     visible: true
     color: Theme.content
+    background: CompanionWindowBackground {}
+    font: Theme.body
+    palette.toolTipBase: Theme.menu
+    palette.toolTipText: Theme.primary
+    palette.window: Theme.window
+    palette.windowText: Theme.primary
+    palette.text: Theme.primary
+    palette.highlight: Theme.accentFill
+    palette.highlightedText: Theme.accentText
 
     Shortcut {
         sequence: "Ctrl+N" // Command-N on a Mac
         onActivated: root.model.createFolder()
     }
 
-    // The question is about the folder that was shown when it was asked.
-    Connections {
-        target: root.model
-        function onSelectionChanged() {
-            removeDialog.close();
+    Column {
+        id: strips
+        anchors.left: parent.left
+        anchors.right: parent.right
+
+        Loader {
+            width: parent.width
+            active: !root.model.isNestletInstalled
+            visible: active
+
+            sourceComponent: NestletMissingBanner {}
+        }
+
+        Loader {
+            width: parent.width
+            active: root.model.availableVersion !== ""
+            visible: active
+
+            sourceComponent: UpdateAvailableBanner {
+                version: root.model.availableVersion
+                onDownloadRequested: root.model.downloadUpdate()
+                onDismissed: root.model.dismissUpdate()
+            }
         }
     }
 
     SplitView {
-        anchors.fill: parent
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.top: strips.bottom
+        anchors.bottom: parent.bottom
         handle: Item {
             implicitWidth: 1
         }
@@ -40,62 +72,70 @@ ApplicationWindow {
             SplitView.minimumWidth: 180
             SplitView.maximumWidth: 400
             model: root.model
-            onResetRequested: resetDialog.open()
+            onResetRequested: root.isConfirmingReset = true
         }
 
         Item {
             SplitView.fillWidth: true
 
-            CompanionFolderDetail {
+            Loader {
+                id: detail
                 anchors.fill: parent
-                visible: root.model.detailKind === CompanionViewModel.Folder
-                folder: root.model.detail
-                onRemoveRequested: removeDialog.open()
+                active: root.model.detailKind === CompanionViewModel.Folder
+
+                sourceComponent: CompanionFolderDetail {
+                    folder: root.model.detail
+                    applicationScan: root.model.applicationScan
+                }
             }
 
-            CompanionPlaceholder {
+            Loader {
                 anchors.fill: parent
-                visible: root.model.detailKind === CompanionViewModel.Placeholder
-                title: qsTr("Select a Folder")
-                description: qsTr("Choose a folder from the sidebar or create one with ⌘N.")
+                active: root.model.detailKind === CompanionViewModel.AppStoreFolder
+
+                sourceComponent: MASFolderDetailView {
+                    model: root.model
+                }
             }
 
-            CompanionPlaceholder {
+            Loader {
                 anchors.fill: parent
-                visible: root.model.detailKind === CompanionViewModel.AppStoreFolder
-                title: qsTr("Nestlet")
-                description: qsTr("This folder is owned by the App Store version and cannot be edited here.")
+                active: root.model.detailKind === CompanionViewModel.Placeholder
+
+                sourceComponent: CompanionPlaceholder {
+                    symbol: "folder"
+                    title: qsTr("Select a Folder")
+                    description: qsTr("Choose a folder from the sidebar or create one with ⌘N.")
+                }
             }
         }
     }
 
-    AlertPanel {
-        id: resetDialog
-        objectName: "resetDialog"
-        title: qsTr("Reset Companion?")
-        message: qsTr("This removes all Companion folders, their Dock icons, and Companion data. The free Nestlet folder is unaffected. This cannot be undone.")
-        actionText: qsTr("Reset Everything")
-        dismissText: qsTr("Cancel")
-        onActed: root.model.resetEverything()
+    Loader {
+        active: root.isConfirmingReset
+
+        sourceComponent: AlertPanel {
+            objectName: "resetDialog"
+            title: qsTr("Reset Companion?")
+            message: qsTr("This removes all Companion folders, their Dock icons, and Companion data. The free Nestlet folder is unaffected. This cannot be undone.")
+            actionText: qsTr("Reset Everything")
+            dismissText: qsTr("Cancel")
+            visible: true
+            onActed: root.model.resetEverything()
+            onClosed: root.isConfirmingReset = false
+        }
     }
 
-    AlertPanel {
-        id: removeDialog
-        objectName: "removeDialog"
-        title: qsTr("Remove Folder")
-        message: qsTr("The Dock icon will also be removed.")
-        actionText: qsTr("Remove Folder")
-        dismissText: qsTr("Cancel")
-        onActed: root.model.detail.removeFolder()
-    }
+    Loader {
+        active: root.model.errorMessage !== ""
 
-    AlertPanel {
-        id: errorAlert
-        objectName: "errorAlert"
-        title: qsTr("Companion Error")
-        message: root.model.errorMessage
-        dismissText: qsTr("OK")
-        visible: root.model.errorMessage !== ""
-        onClosed: root.model.clearError()
+        sourceComponent: AlertPanel {
+            objectName: "errorAlert"
+            title: qsTr("Companion Error")
+            message: root.model.errorMessage
+            dismissText: qsTr("OK")
+            visible: true
+            onClosed: root.model.clearError()
+        }
     }
 }

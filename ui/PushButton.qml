@@ -1,41 +1,66 @@
 import QtQuick
 import QtQuick.Controls.Basic
 
-/// A push button, 24 high. The default one is filled with the accent; a destructive one is red.
+/// A push button. The default one is filled with the accent; a destructive one is red.
 Button {
     id: root
 
     property bool isDefault: false
     property bool isDestructive: false
-    readonly property color tint: root.isDestructive ? Theme.red : Theme.accent
+    property bool isLarge: false
+    /// In front of the text; empty: none.
+    property string symbol
+    readonly property color ink: root.isDefault ? Theme.accentText : root.isDestructive ? Theme.redInk
+                                                                                        : Theme.primary
 
-    implicitHeight: 24
-    leftPadding: 12
-    rightPadding: 12
+    implicitHeight: root.isLarge ? 32 : 24
+    leftPadding: root.isLarge ? 16 : 12
+    rightPadding: root.leftPadding
     topPadding: 0
     bottomPadding: 0
+    font: Theme.body
     Accessible.role: Accessible.Button
     Accessible.name: root.text
-    font.family: Theme.fontFamily
-    font.pixelSize: Theme.bodySize
     Keys.onReturnPressed: root.clicked()
     Keys.onEnterPressed: root.clicked()
 
-    contentItem: Text {
-        text: root.text
-        font: root.font
-        color: root.isDefault ? Theme.accentText : root.isDestructive ? Theme.red : Theme.primary
+    contentItem: Item { // qmllint disable deferred-property-id
+        implicitWidth: row.implicitWidth
         opacity: root.enabled ? 1 : 0.4
-        horizontalAlignment: Text.AlignHCenter
-        verticalAlignment: Text.AlignVCenter
-        elide: Text.ElideRight
+
+        Row {
+            id: row
+            anchors.centerIn: parent
+            spacing: 6
+
+            Loader {
+                anchors.verticalCenter: parent.verticalCenter
+                active: root.symbol !== ""
+                visible: root.symbol !== ""
+
+                sourceComponent: Symbol {
+                    name: root.symbol
+                    size: 13
+                    color: root.ink
+                }
+            }
+
+            CompanionText {
+                anchors.verticalCenter: parent.verticalCenter
+                width: Math.min(implicitWidth, root.availableWidth)
+                text: root.text
+                font: root.font
+                color: root.ink
+            }
+        }
     }
 
     background: Rectangle {
         radius: Theme.buttonRadius
-        color: root.isDefault ? root.tint : Theme.control
+        color: root.isDefault ? (root.isDestructive ? Theme.redFill : Theme.accentFill) : Theme.control
         border.width: root.isDefault ? 0 : 1
-        border.color: Theme.separator
+        border.color: Theme.controlBorder
+        opacity: root.enabled ? 1 : 0.5
 
         Rectangle {
             anchors.fill: parent

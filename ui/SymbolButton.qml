@@ -6,6 +6,8 @@ ToolButton {
     id: root
 
     property string symbol
+    property real symbolSize: 16
+    property int symbolWeight: Font.Normal
     property bool isMenuShown: false
 
     implicitWidth: 28
@@ -16,25 +18,27 @@ ToolButton {
     Accessible.role: Accessible.Button
     Accessible.name: root.text
     ToolTip.text: root.text
-    ToolTip.visible: root.hovered && !root.down && !root.isMenuShown
+    ToolTip.visible: (root.hovered || root.visualFocus) && !root.down && !root.isMenuShown
     ToolTip.delay: Theme.toolTipDelay
     Keys.onReturnPressed: root.clicked()
     Keys.onEnterPressed: root.clicked()
 
-    contentItem: Text {
-        text: root.symbol
-        font.family: Theme.fontFamily
-        font.pixelSize: 17
-        color: Theme.secondary
-        horizontalAlignment: Text.AlignHCenter
-        verticalAlignment: Text.AlignVCenter
-        Accessible.ignored: true
+    contentItem: Item { // qmllint disable deferred-property-id
+        opacity: root.enabled ? 1 : 0.4
+
+        Symbol {
+            anchors.centerIn: parent
+            name: root.symbol
+            size: root.symbolSize
+            weight: root.symbolWeight
+            color: Theme.secondary
+        }
     }
 
     background: Rectangle {
         radius: Theme.buttonRadius
-        color: Theme.primary
-        opacity: root.down || root.isMenuShown ? 0.12 : root.hovered ? 0.06 : 0
+        color: root.down || root.isMenuShown ? Theme.faded(Theme.primary, 0.12)
+                                             : root.hovered ? Theme.faded(Theme.primary, 0.06) : "transparent"
 
         FocusRing {
             visible: root.visualFocus

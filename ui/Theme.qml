@@ -50,6 +50,12 @@ QtObject {
     readonly property color blueInk: root.readable(root.blue, root.sidebar)
     readonly property color redInk: root.readable(root.red, root.sheet)
 
+    /// On the ground of a folder's icon, whatever its colour.
+    readonly property color onIcon: "#FFFFFF"
+    readonly property color badge: "#8E8E93"
+    readonly property color card: root.isDark ? Qt.rgba(1, 1, 1, 0.06) : Qt.rgba(0, 0, 0, 0.04)
+    readonly property color redFill: root.readable(root.red, "#FFFFFF")
+
     // Fonts
 
     readonly property string fontFamily: Qt.platform.os === "osx" ? Qt.application.font.family : "Inter"
@@ -61,6 +67,7 @@ QtObject {
 
     readonly property font title: root.typeface(root.titleSize, Font.Normal)
     readonly property font titleSemibold: root.typeface(root.titleSize, Font.DemiBold)
+    readonly property font windowTitle: root.typeface(15, Font.Bold)
     readonly property font headline: root.typeface(root.bodySize, Font.Bold)
     readonly property font body: root.typeface(root.bodySize, Font.Normal)
     readonly property font bodyMedium: root.typeface(root.bodySize, Font.Medium)
@@ -101,6 +108,11 @@ QtObject {
     /// A colour with its opacity replaced.
     function faded(base: color, opacity: real): color {
         return Qt.rgba(base.r, base.g, base.b, opacity);
+    }
+
+    /// A grey between black (0) and white (1).
+    function grey(level: real): color {
+        return Qt.rgba(level, level, level, 1);
     }
 
     function typeface(pixelSize: int, weight: int): font {

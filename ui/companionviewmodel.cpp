@@ -4,15 +4,20 @@
 #include "store/companionstore.h"
 #include "ui/urltexts.h"
 
-CompanionViewModel::CompanionViewModel(CompanionStore &store, QObject *parent)
+CompanionViewModel::CompanionViewModel(CompanionStore &store, PictureStore &pictures,
+                                       ApplicationScan::Scan scanApplications, QObject *parent)
     : QObject(parent)
     , m_store(store)
-    , m_folders(store)
-    , m_detail(store)
+    , m_folders(store, pictures)
+    , m_detail(store, pictures)
+    , m_applicationScan(std::move(scanApplications))
 {
     connect(&store, &CompanionStore::foldersChanged, this, &CompanionViewModel::keepSelectionValid);
     connect(&store, &CompanionStore::errorMessageChanged, this,
             &CompanionViewModel::errorMessageChanged);
+    connect(&store, &CompanionStore::presenceChanged, this, &CompanionViewModel::presenceChanged);
+    connect(&store, &CompanionStore::availableUpdateChanged, this,
+            &CompanionViewModel::availableUpdateChanged);
 }
 
 QString CompanionViewModel::selection() const
@@ -52,6 +57,21 @@ CompanionViewModel::DetailKind CompanionViewModel::detailKind() const
     return m_store.folder(m_selection) ? DetailKind::Folder : DetailKind::Placeholder;
 }
 
+bool CompanionViewModel::isNestletInstalled() const
+{
+    return m_store.isNestletInstalled();
+}
+
+QString CompanionViewModel::nestletURL() const
+{
+    return m_store.nestletURL() ? m_store.nestletURL()->text() : QString();
+}
+
+QString CompanionViewModel::availableVersion() const
+{
+    return m_store.availableUpdate() ? m_store.availableUpdate()->version : QString();
+}
+
 QString CompanionViewModel::errorMessage() const
 {
     return m_store.errorMessage();
@@ -76,6 +96,22 @@ void CompanionViewModel::resetEverything()
 void CompanionViewModel::clearError()
 {
     m_store.clearError();
+}
+
+void CompanionViewModel::openNestlet()
+{
+    m_store.openNestlet();
+}
+
+void CompanionViewModel::downloadUpdate()
+{
+    if (m_store.availableUpdate())
+        m_store.openUpdateDownload(*m_store.availableUpdate());
+}
+
+void CompanionViewModel::dismissUpdate()
+{
+    m_store.dismissUpdate();
 }
 
 void CompanionViewModel::addItems(const QString &folderID, const QStringList &urls)

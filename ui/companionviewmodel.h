@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ui/applicationscan.h"
 #include "ui/folderdetailmodel.h"
 #include "ui/folderlistmodel.h"
 
@@ -16,22 +17,34 @@ class CompanionViewModel final : public QObject {
     QML_UNCREATABLE("Made by the application")
     Q_PROPERTY(FolderListModel *folders READ folders CONSTANT)
     Q_PROPERTY(FolderDetailModel *detail READ detail CONSTANT)
+    Q_PROPERTY(ApplicationScan *applicationScan READ applicationScan CONSTANT)
     Q_PROPERTY(QString selection READ selection WRITE setSelection NOTIFY selectionChanged)
     Q_PROPERTY(DetailKind detailKind READ detailKind NOTIFY selectionChanged)
+    Q_PROPERTY(bool isNestletInstalled READ isNestletInstalled NOTIFY presenceChanged)
+    Q_PROPERTY(QString nestletURL READ nestletURL NOTIFY presenceChanged)
+    Q_PROPERTY(QString availableVersion READ availableVersion NOTIFY availableUpdateChanged)
     Q_PROPERTY(QString errorMessage READ errorMessage NOTIFY errorMessageChanged)
 
 public:
     enum class DetailKind { Placeholder, AppStoreFolder, Folder };
     Q_ENUM(DetailKind)
 
-    explicit CompanionViewModel(CompanionStore &store, QObject *parent = nullptr);
+    /// The scan finds the installed applications; what it uses outlives the view model.
+    CompanionViewModel(CompanionStore &store, PictureStore &pictures,
+                       ApplicationScan::Scan scanApplications = {}, QObject *parent = nullptr);
 
     [[nodiscard]] FolderListModel *folders() { return &m_folders; }
     [[nodiscard]] FolderDetailModel *detail() { return &m_detail; }
+    [[nodiscard]] ApplicationScan *applicationScan() { return &m_applicationScan; }
     /// The selected folder's id as text; empty: none. Starts empty.
     [[nodiscard]] QString selection() const;
     void setSelection(const QString &folderID);
     [[nodiscard]] DetailKind detailKind() const;
+    [[nodiscard]] bool isNestletInstalled() const;
+    /// Text of the Nestlet app's URL; empty: there is none.
+    [[nodiscard]] QString nestletURL() const;
+    /// Of an update to offer; empty: there is none.
+    [[nodiscard]] QString availableVersion() const;
     /// Empty: there is no error to show.
     [[nodiscard]] QString errorMessage() const;
 
@@ -39,12 +52,17 @@ public:
     Q_INVOKABLE void addAllToDock();
     Q_INVOKABLE void resetEverything();
     Q_INVOKABLE void clearError();
+    Q_INVOKABLE void openNestlet();
+    Q_INVOKABLE void downloadUpdate();
+    Q_INVOKABLE void dismissUpdate();
     /// Texts of file URLs, dropped on a folder's row.
     Q_INVOKABLE void addItems(const QString &folderID, const QStringList &urls);
 
 Q_SIGNALS:
     void selectionChanged();
     void errorMessageChanged();
+    void presenceChanged();
+    void availableUpdateChanged();
 
 private:
     void select(const QUuid &id);
@@ -54,5 +72,6 @@ private:
     CompanionStore &m_store;
     FolderListModel m_folders;
     FolderDetailModel m_detail;
+    ApplicationScan m_applicationScan;
     QUuid m_selection;
 };

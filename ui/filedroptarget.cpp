@@ -1,16 +1,9 @@
 #include "ui/filedroptarget.h"
 
 #include "system/droppedurls.h"
-#include "system/mimedropinfo.h"
 #include "ui/urltexts.h"
 
 #include <QPointer>
-
-FileDropTarget::FileDropTarget(QQuickItem *parent)
-    : QQuickItem(parent)
-{
-    setFlag(ItemAcceptsDrops);
-}
 
 FolderRowDropDelegate FileDropTarget::handler()
 {
@@ -21,41 +14,22 @@ FolderRowDropDelegate FileDropTarget::handler()
     return {.setTargeted = [this](bool isTargeted) { setTargeted(isTargeted); }, .onDrop = report};
 }
 
-void FileDropTarget::setTargeted(bool isTargeted)
+bool FileDropTarget::validateDrop(const DropInfo &info)
 {
-    if (m_isTargeted == isTargeted)
-        return;
-    m_isTargeted = isTargeted;
-    Q_EMIT isTargetedChanged();
+    return handler().validateDrop(info);
 }
 
-void FileDropTarget::dragEnterEvent(QDragEnterEvent *event)
+void FileDropTarget::dropEntered(const DropInfo &info)
 {
-    const MimeDropInfo info(event->mimeData());
-    if (!handler().validateDrop(info)) {
-        event->ignore();
-        return;
-    }
     handler().dropEntered(info);
-    event->setDropAction(Qt::CopyAction); // the files stay where they are
-    event->accept();
 }
 
-void FileDropTarget::dragMoveEvent(QDragMoveEvent *event)
-{
-    event->setDropAction(Qt::CopyAction);
-    event->setAccepted(m_isTargeted);
-}
-
-void FileDropTarget::dragLeaveEvent(QDragLeaveEvent *event)
+void FileDropTarget::dropExited()
 {
     setTargeted(false);
-    event->accept();
 }
 
-void FileDropTarget::dropEvent(QDropEvent *event)
+void FileDropTarget::performDrop(const DropInfo &info)
 {
-    handler().performDrop(MimeDropInfo(event->mimeData()));
-    event->setDropAction(Qt::CopyAction);
-    event->accept();
+    handler().performDrop(info);
 }

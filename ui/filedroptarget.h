@@ -1,37 +1,23 @@
 #pragma once
 
-#include <QQuickItem>
-#include <QtQml/qqmlregistration.h>
+#include "ui/droptarget.h"
 
 struct FolderRowDropDelegate;
 
-/// An area that takes files from other programs: the one place where the toolkit's drag events meet
-/// the drop handlers.
-class FileDropTarget : public QQuickItem {
+/// An area that takes files from other programs.
+class FileDropTarget : public DropTarget {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(bool isTargeted READ isTargeted NOTIFY isTargetedChanged)
 
 public:
-    explicit FileDropTarget(QQuickItem *parent = nullptr);
-
-    /// Whether a drag that would be accepted hovers over the area.
-    [[nodiscard]] bool isTargeted() const { return m_isTargeted; }
-
-Q_SIGNALS:
-    void isTargetedChanged();
-    /// Texts of file URLs; at least one.
-    void dropped(const QStringList &urls);
+    using DropTarget::DropTarget;
 
 protected:
-    void dragEnterEvent(QDragEnterEvent *event) override;
-    void dragMoveEvent(QDragMoveEvent *event) override;
-    void dragLeaveEvent(QDragLeaveEvent *event) override;
-    void dropEvent(QDropEvent *event) override;
+    [[nodiscard]] bool validateDrop(const DropInfo &info) override;
+    void dropEntered(const DropInfo &info) override;
+    void dropExited() override;
+    void performDrop(const DropInfo &info) override;
 
 private:
     [[nodiscard]] FolderRowDropDelegate handler();
-    void setTargeted(bool isTargeted);
-
-    bool m_isTargeted = false;
 };

@@ -3,10 +3,12 @@
 #include "model/uuidtext.h"
 #include "store/companionstore.h"
 #include "ui/folderpreview.h"
+#include "ui/picturestore.h"
 
-FolderListModel::FolderListModel(CompanionStore &store, QObject *parent)
+FolderListModel::FolderListModel(CompanionStore &store, PictureStore &pictures, QObject *parent)
     : RowListModel(parent)
     , m_store(store)
+    , m_pictures(pictures)
 {
     connect(&store, &CompanionStore::foldersChanged, this, &FolderListModel::update);
     connect(&store, &CompanionStore::presenceChanged, this, &FolderListModel::update);
@@ -24,13 +26,17 @@ FolderRow FolderListModel::rowFor(const DockFolder &folder, bool isLocked) const
 
 void FolderListModel::update()
 {
+    const int formerFirst = firstMovableRow();
     QList<FolderRow> rows;
     rows.reserve(m_store.folders().size() + 1);
     if (m_store.isNestletInstalled())
         rows.append(rowFor({.id = appStoreFolderID(), .name = tr("Nestlet")}, true));
     for (const DockFolder &folder : m_store.folders())
         rows.append(rowFor(folder, m_store.isLocked(folder.id)));
+    m_pictures.keepOnly(m_store.folders());
     updateRows(rows);
+    if (firstMovableRow() != formerFirst)
+        Q_EMIT firstMovableRowChanged();
 }
 
 QString FolderListModel::status(const FolderRow &row)
@@ -61,7 +67,7 @@ QVariant FolderListModel::data(const QModelIndex &index, int role) const
     case IconSymbolRole:
         return row.folder.iconSymbol.value_or(QString());
     case PictureSourceRole:
-        return QString();
+        return m_pictures.pictureSource(row.folder);
     case PreviewURLsRole:
         return previewURLs(row.folder);
     case PreviewColumnsRole:

@@ -6,6 +6,7 @@
 #include <QtQml/qqmlregistration.h>
 
 class CompanionStore;
+class PictureStore;
 
 /// What the sidebar shows of one folder.
 struct FolderRow {
@@ -22,6 +23,7 @@ class FolderListModel final : public RowListModel<FolderRow> {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Made by CompanionViewModel")
+    Q_PROPERTY(int firstMovableRow READ firstMovableRow NOTIFY firstMovableRowChanged)
 
 public:
     enum Role {
@@ -37,7 +39,11 @@ public:
         PreviewColumnsRole,
     };
 
-    explicit FolderListModel(CompanionStore &store, QObject *parent = nullptr);
+    /// The pictures of folders that it tells of are put there.
+    FolderListModel(CompanionStore &store, PictureStore &pictures, QObject *parent = nullptr);
+
+    /// How many rows stand before the library's first.
+    [[nodiscard]] int firstMovableRow() const;
 
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
@@ -51,12 +57,13 @@ public:
     /// Moves a folder so that it ends at `row`. The App Store folder stays first.
     Q_INVOKABLE void moveFolder(const QString &folderID, int row);
 
+Q_SIGNALS:
+    void firstMovableRowChanged();
+
 private:
     void update();
     [[nodiscard]] FolderRow rowFor(const DockFolder &folder, bool isLocked) const;
     [[nodiscard]] static QString status(const FolderRow &row);
-    /// How many rows stand before the library's first.
-    [[nodiscard]] int firstMovableRow() const;
-
     CompanionStore &m_store;
+    PictureStore &m_pictures;
 };

@@ -1,6 +1,7 @@
 #include "model/uuidtext.h"
 #include "tests/store/storefixture.h"
 #include "ui/companionviewmodel.h"
+#include "ui/picturestore.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -35,6 +36,7 @@ private:
     const DockFolder m_a = folderNamed(QStringLiteral("A"));
     const DockFolder m_b = folderNamed(QStringLiteral("B"));
     std::unique_ptr<StoreFixture> m_fixture;
+    PictureStore m_pictures;
     std::unique_ptr<CompanionViewModel> m_model;
 };
 
@@ -45,7 +47,7 @@ void CompanionViewModelTest::init()
     m_fixture->writeLibrary({m_a, m_b});
     store().start();
     m_fixture->finishEverything();
-    m_model = std::make_unique<CompanionViewModel>(store());
+    m_model = std::make_unique<CompanionViewModel>(store(), m_pictures);
 }
 
 void CompanionViewModelTest::cleanup()

@@ -2,6 +2,7 @@
 #include "tests/store/storefixture.h"
 #include "tests/ui/modelchanges.h"
 #include "ui/folderdetailmodel.h"
+#include "ui/picturestore.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -36,6 +37,7 @@ private:
                       {QStringLiteral("file:///Applications/A.app/"), QStringLiteral("file:///b")});
     const DockFolder m_other = folderNamed(QStringLiteral("Play"), {QStringLiteral("file:///c")});
     std::unique_ptr<StoreFixture> m_fixture;
+    PictureStore m_pictures;
     std::unique_ptr<FolderDetailModel> m_model;
 };
 
@@ -46,7 +48,7 @@ void FolderDetailModelTest::init()
     m_fixture->writeLibrary({m_folder, m_other});
     store().start();
     m_fixture->finishEverything();
-    m_model = std::make_unique<FolderDetailModel>(store());
+    m_model = std::make_unique<FolderDetailModel>(store(), m_pictures);
     m_model->setFolder(m_folder.id);
 }
 

@@ -2,6 +2,7 @@
 #include "tests/store/storefixture.h"
 #include "tests/ui/modelchanges.h"
 #include "ui/folderlistmodel.h"
+#include "ui/picturestore.h"
 
 #include <QTest>
 
@@ -36,6 +37,7 @@ private:
     const DockFolder m_b = folderNamed(QStringLiteral("B"));
     const DockFolder m_c = folderNamed(QStringLiteral("C"));
     std::unique_ptr<StoreFixture> m_fixture;
+    PictureStore m_pictures;
     std::unique_ptr<FolderListModel> m_model;
     std::unique_ptr<ModelChanges> m_changes;
 };
@@ -59,7 +61,7 @@ void FolderListModelTest::startWith(const QList<DockFolder> &folders)
     m_fixture->writeLibrary(folders);
     store().start();
     m_fixture->finishEverything();
-    m_model = std::make_unique<FolderListModel>(store());
+    m_model = std::make_unique<FolderListModel>(store(), m_pictures);
     m_changes = std::make_unique<ModelChanges>(*m_model);
 }
 

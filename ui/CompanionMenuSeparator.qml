@@ -1,0 +1,15 @@
+import QtQuick
+import QtQuick.Controls.Basic
+
+/// The line between two groups of a menu's entries.
+MenuSeparator {
+    topPadding: 5
+    bottomPadding: 5
+    leftPadding: 10
+    rightPadding: 10
+
+    contentItem: Rectangle {
+        implicitHeight: 1
+        color: Theme.separator
+    }
+}

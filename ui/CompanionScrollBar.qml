@@ -1,0 +1,25 @@
+import QtQuick
+import QtQuick.Controls.Basic
+
+/// A scroll bar over the content: there while it is used, and never in the way of the layout.
+ScrollBar {
+    id: root
+
+    minimumSize: 0.06
+    padding: 3
+    Accessible.ignored: true
+
+    contentItem: Rectangle {
+        implicitWidth: root.hovered || root.pressed ? 9 : 7
+        radius: width / 2
+        color: Theme.scrollBar
+        opacity: root.size < 1 && (root.active || root.hovered) ? 1 : 0
+
+        Behavior on opacity {
+            NumberAnimation {
+                duration: Theme.changeDuration
+                easing.type: Easing.OutQuad
+            }
+        }
+    }
+}

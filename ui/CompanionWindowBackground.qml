@@ -1,0 +1,6 @@
+import QtQuick
+
+/// The ground of a window's content.
+Rectangle {
+    color: Theme.content
+}

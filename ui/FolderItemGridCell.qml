@@ -1,0 +1,111 @@
+import QtQuick
+import Nestlet.Companion
+
+/// One item of a folder: its icon over its name, with a button that takes it out while the pointer is
+/// there.
+Item {
+    id: root
+
+    required property int index
+    required property string itemID
+    required property string name
+    required property string url
+    required property string path
+    required property bool isLocked
+    required property bool isDragging
+    required property bool showsFocusRing
+    readonly property bool isHovered: hover.hovered
+    signal removeRequested
+    signal pressed
+    signal dragStarted
+
+    width: 96
+    height: 92
+    opacity: root.isDragging ? 0.35 : 1
+    scale: root.isDragging ? 0.95 : 1
+    Accessible.role: Accessible.ListItem
+    Accessible.name: root.name
+    Accessible.description: root.path
+    Accessible.focusable: true
+    Accessible.focused: root.showsFocusRing
+    Accessible.onPressAction: root.pressed()
+
+    Behavior on opacity {
+        NumberAnimation {
+            duration: Theme.hoverDuration
+            easing.type: Easing.OutQuad
+        }
+    }
+    Behavior on scale {
+        NumberAnimation {
+            duration: Theme.hoverDuration
+            easing.type: Easing.OutQuad
+        }
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        radius: Theme.cellRadius
+        color: Theme.faded(Theme.primary, 0.06)
+        opacity: root.isHovered ? 1 : 0
+
+        Behavior on opacity {
+            NumberAnimation {
+                duration: Theme.hoverDuration
+                easing.type: Easing.OutQuad
+            }
+        }
+    }
+
+    FocusRing {
+        visible: root.showsFocusRing
+        controlRadius: Theme.cellRadius
+    }
+
+    FileIcon {
+        id: icon
+        anchors.horizontalCenter: parent.horizontalCenter
+        y: 6
+        url: root.url
+        size: 56
+    }
+
+    CompanionText {
+        anchors.horizontalCenter: parent.horizontalCenter
+        anchors.top: icon.bottom
+        anchors.topMargin: 6
+        width: Math.min(implicitWidth, 84)
+        text: root.name
+        font: Theme.subheadline
+        elide: Text.ElideMiddle
+        horizontalAlignment: Text.AlignHCenter
+    }
+
+    HoverHandler {
+        id: hover
+    }
+
+    TapHandler {
+        onTapped: root.pressed()
+    }
+
+    DragHandler {
+        enabled: !root.isLocked
+        target: null
+        dragThreshold: 5
+        acceptedButtons: Qt.LeftButton
+        onActiveChanged: {
+            if (active)
+                root.dragStarted();
+        }
+    }
+
+    RemoveButton {
+        anchors.top: parent.top
+        anchors.right: parent.right
+        visible: !root.isLocked
+        isShown: (root.isHovered || root.showsFocusRing) && !root.isDragging
+        text: qsTr("Remove %1").arg(root.name)
+        onClicked: root.removeRequested()
+    }
+}

@@ -1,0 +1,158 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Controls.Basic
+import Nestlet.Companion
+
+/// The rows of all folders. The selection is the window's: the list shows it and asks for another.
+ListView {
+    id: root
+
+    required property CompanionViewModel companion
+    readonly property int selectedRow: root.companion.folders.rowOf(root.companion.selection)
+    readonly property int firstMovableRow: root.companion.folders.firstMovableRow
+
+    // Type-ahead
+    property string typedText
+
+    // Reordering by the pointer: the row in hand, how far it was taken, and before which row it goes.
+    property int heldRow: -1
+    property real heldOffset: 0
+    readonly property int dropRow: root.heldRow < 0
+                                   ? -1 : Math.max(root.firstMovableRow,
+                                                   Math.min(root.count - 1,
+                                                            root.heldRow + Math.round(root.heldOffset / Theme.rowHeight)))
+
+    function selectRow(row: int) {
+        if (row < 0 || row >= root.count)
+            return;
+        root.companion.selection = root.companion.folders.folderIDAt(row);
+        root.positionViewAtIndex(row, ListView.Contain);
+    }
+    function moveSelection(row: int) {
+        root.companion.folders.moveFolder(root.companion.selection, row);
+        root.positionViewAtIndex(root.selectedRow, ListView.Contain);
+    }
+    function showSelection() {
+        root.currentIndex = root.companion.folders.rowOf(root.companion.selection);
+    }
+    function dropHeldRow() {
+        const row = root.heldRow;
+        const target = root.dropRow;
+        root.heldRow = -1;
+        root.heldOffset = 0;
+        if (row >= 0 && target !== row)
+            root.companion.folders.moveFolder(root.companion.folders.folderIDAt(row), target);
+    }
+
+    clip: true
+    focus: true
+    activeFocusOnTab: true
+    keyNavigationEnabled: false
+    boundsBehavior: Flickable.StopAtBounds
+    bottomMargin: Theme.selectionInset
+    reuseItems: true
+    model: root.companion.folders
+    highlightFollowsCurrentItem: false
+    Accessible.role: Accessible.List
+    Accessible.name: qsTr("Dock Folders")
+    ScrollBar.vertical: CompanionScrollBar {}
+    onSelectedRowChanged: root.showSelection()
+    onCountChanged: root.showSelection()
+
+    Keys.onPressed: event => {
+        const moves = event.modifiers & Qt.AltModifier;
+        const choose = row => moves ? root.moveSelection(row) : root.selectRow(row);
+        event.accepted = true;
+        switch (event.key) {
+        case Qt.Key_Up:
+            choose(root.selectedRow - 1);
+            break;
+        case Qt.Key_Down:
+            choose(root.selectedRow + 1);
+            break;
+        case Qt.Key_Home:
+            choose(0);
+            break;
+        case Qt.Key_End:
+            choose(root.count - 1);
+            break;
+        case Qt.Key_PageUp:
+            choose(Math.max(0, root.selectedRow - Math.floor(root.height / Theme.rowHeight)));
+            break;
+        case Qt.Key_PageDown:
+            choose(Math.min(root.count - 1, root.selectedRow + Math.floor(root.height / Theme.rowHeight)));
+            break;
+        default:
+            event.accepted = root.typeAhead(event);
+        }
+    }
+
+    // Letters typed within a second belong together; the same one again goes on to the next match.
+    function typeAhead(event: var): bool {
+        if (event.text.trim() === "" && !(event.text === " " && root.typedText !== "")
+                || event.modifiers & (Qt.ControlModifier | Qt.AltModifier | Qt.MetaModifier))
+            return false;
+        const goesOn = event.text === root.typedText;
+        root.typedText = goesOn ? event.text : root.typedText + event.text;
+        typing.restart();
+        const from = goesOn || root.typedText.length === 1 ? root.selectedRow : root.selectedRow - 1;
+        root.selectRow(root.companion.folders.rowStartingWith(root.typedText, from));
+        return true;
+    }
+
+    Timer {
+        id: typing
+        interval: 1000
+        onTriggered: root.typedText = ""
+    }
+
+    WheelScrolling {
+        target: root
+    }
+
+    displaced: Transition {
+        NumberAnimation {
+            properties: "y"
+            duration: Theme.changeDuration
+            easing.type: Easing.OutQuad
+        }
+    }
+    move: root.displaced
+
+    delegate: CompanionFolderRow {
+        id: row
+
+        width: ListView.view.width
+        isSelected: row.folderID === root.companion.selection
+        listHasFocus: root.activeFocus
+        z: row.index === root.heldRow ? 2 : 0
+        opacity: row.index === root.heldRow ? 0.7 : 1
+        transform: Translate {
+            y: row.index === root.heldRow ? root.heldOffset : 0
+        }
+        ListView.onPooled: row.isPooled = true
+        ListView.onReused: row.isPooled = false
+        onPressed: root.forceActiveFocus(Qt.MouseFocusReason)
+        onClicked: {
+            root.forceActiveFocus(Qt.MouseFocusReason);
+            root.companion.selection = row.folderID;
+        }
+        onItemsDropped: urls => root.companion.addItems(row.folderID, urls)
+        onReorderingBegan: root.heldRow = row.index
+        onReordered: distance => root.heldOffset = distance
+        onReorderingEnded: root.dropHeldRow()
+    }
+
+    Rectangle {
+        parent: root.contentItem
+        visible: root.heldRow >= 0 && root.dropRow !== root.heldRow
+        x: Theme.selectionInset
+        y: (root.dropRow + (root.dropRow > root.heldRow ? 1 : 0)) * Theme.rowHeight - 1
+        z: 3
+        width: root.width - 2 * Theme.selectionInset
+        height: 2
+        radius: 1
+        color: Theme.accent
+    }
+}

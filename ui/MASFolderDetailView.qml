@@ -1,0 +1,75 @@
+import QtQuick
+import Nestlet.Companion
+
+/// The right column for the folder that Nestlet manages itself: read-only.
+Item {
+    id: root
+
+    required property CompanionViewModel model
+
+    Accessible.role: Accessible.Pane
+    Accessible.name: qsTr("Nestlet")
+
+    DetailHeader {
+        id: header
+        anchors.left: parent.left
+        anchors.right: parent.right
+        title: qsTr("Nestlet")
+    }
+
+    ScrollArea {
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.top: header.bottom
+        anchors.bottom: parent.bottom
+        contentHeight: content.height + Theme.contentInset + Theme.contentBottomInset
+
+        Column {
+            id: content
+            x: Theme.contentInset
+            y: Theme.contentInset
+            width: parent.width - 2 * Theme.contentInset
+            spacing: Theme.sectionSpacing
+
+            Row {
+                spacing: 16
+
+                FileIcon {
+                    id: icon
+                    url: root.model.nestletURL
+                    size: 72
+                }
+
+                Column {
+                    anchors.verticalCenter: parent.verticalCenter
+                    spacing: 4
+                    Accessible.role: Accessible.StaticText
+                    Accessible.name: qsTr("Dock Name")
+                    Accessible.description: qsTr("Nestlet")
+
+                    CompanionText {
+                        text: qsTr("Dock Name")
+                        font: Theme.subheadline
+                        color: Theme.secondary
+                    }
+
+                    CompanionText {
+                        text: qsTr("Nestlet")
+                    }
+                }
+            }
+
+            PushButton {
+                text: qsTr("Open Nestlet")
+                symbol: "arrow.up.right.square"
+                isDefault: true
+                isLarge: true
+                onClicked: root.model.openNestlet()
+            }
+
+            LockedFolderBanner {
+                width: parent.width
+            }
+        }
+    }
+}

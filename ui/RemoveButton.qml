@@ -1,0 +1,50 @@
+import QtQuick
+
+/// The small button in a cell's corner. It is shown to the pointer only while it is wanted there, and
+/// always to assistive programs.
+Item {
+    id: root
+
+    required property bool isShown
+    required property string text
+    signal clicked
+
+    width: 24
+    height: 24
+    Accessible.role: Accessible.Button
+    Accessible.name: root.text
+    Accessible.onPressAction: root.clicked()
+
+    Loader {
+        anchors.centerIn: parent
+        active: root.isShown
+
+        sourceComponent: Item {
+            Rectangle { // the shadow
+                anchors.centerIn: parent
+                anchors.verticalCenterOffset: 1
+                width: 17
+                height: 17
+                radius: 8.5
+                color: Theme.shadow
+            }
+
+            Symbol {
+                anchors.centerIn: parent
+                name: "xmark.circle.fill"
+                size: 16
+                weight: Font.Medium
+                color: Theme.badge
+                secondaryColor: Theme.onIcon
+                opacity: tap.pressed ? 0.7 : 1
+            }
+        }
+    }
+
+    TapHandler {
+        id: tap
+        enabled: root.isShown
+        gesturePolicy: TapHandler.ReleaseWithinBounds
+        onTapped: root.clicked()
+    }
+}
