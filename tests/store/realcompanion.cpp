@@ -22,31 +22,7 @@ Platform platformBelow(const QString &root)
 
 RealCompanion::RealCompanion(const QString &root)
     : platform(platformBelow(root))
-    , codeSign(*platform.processes, *platform.files, *platform.directories)
-    , templateApp({.files = *platform.files,
-                   .directories = *platform.directories,
-                   .mainBundle = *platform.mainBundle,
-                   .workspace = *platform.workspace,
-                   .codeSign = codeSign})
-    , proxyDirectory(*platform.files, *platform.directories)
-    , proxyBuilder(*platform.files, codeSign)
-    , dockTiles(*platform.dockDefaults, *platform.processes, *platform.directories)
-    , library(*platform.files, *platform.directories)
-    , proxies(
-          {.files = *platform.files,
-           .templateApp = templateApp,
-           .directory = proxyDirectory,
-           .builder = proxyBuilder,
-           .dockTiles = dockTiles,
-           .applications = *platform.applications,
-           .workspace = *platform.workspace,
-           .clock = *platform.clock},
-          [this](const QUuid &id) { return store.folder(id); }, EventTurns::Start::AtOnce)
-    , store({.platform = platform,
-             .library = library,
-             .templateApp = templateApp,
-             .proxyDirectory = proxyDirectory,
-             .proxies = proxies})
+    , engine(platform, EventTurns::Start::AtOnce)
 {
 }
 

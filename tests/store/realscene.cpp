@@ -83,7 +83,7 @@ void RealScene::restart()
 {
     m_companion.reset();
     m_companion = std::make_unique<RealCompanion>(m_standIn.mac().root());
-    m_companion->store.start();
+    m_companion->engine.store.start();
 }
 
 QString RealScene::nestlet() const

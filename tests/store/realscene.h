@@ -26,7 +26,7 @@ public:
 
     [[nodiscard]] const StandIn &standIn() const { return m_standIn; }
     [[nodiscard]] Platform &platform() { return m_companion->platform; }
-    [[nodiscard]] CompanionStore &store() { return m_companion->store; }
+    [[nodiscard]] CompanionStore &store() { return m_companion->engine.store; }
     [[nodiscard]] DockFolder folder(qsizetype index = 0) { return store().folders().at(index); }
 
     [[nodiscard]] QString nestlet() const;

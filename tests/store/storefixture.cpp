@@ -48,33 +48,8 @@ FakePlatform::FakePlatform()
 }
 
 StoreFixture::StoreFixture()
-    : library(files, directories)
-    , codeSign(processes, files, directories)
-    , templateApp({.files = files,
-                   .directories = directories,
-                   .mainBundle = mainBundle,
-                   .workspace = workspace,
-                   .codeSign = codeSign})
-    , proxyDirectory(files, directories)
-    , proxyBuilder(files, codeSign)
-    , dockTiles(dockDefaults, processes, directories)
-    , proxies(
-          {.files = files,
-           .templateApp = templateApp,
-           .directory = proxyDirectory,
-           .builder = proxyBuilder,
-           .dockTiles = dockTiles,
-           .applications = applications,
-           .workspace = workspace,
-           .clock = clock},
-          [this](const QUuid &id) { return store->folder(id); }, EventTurns::Start::AtOnce)
+    : companion(platform, EventTurns::Start::AtOnce)
 {
-    store = std::make_unique<CompanionStore>(
-        CompanionStore::Collaborators{.platform = platform,
-                                      .library = library,
-                                      .templateApp = templateApp,
-                                      .proxyDirectory = proxyDirectory,
-                                      .proxies = proxies});
 }
 
 StoreFixture::~StoreFixture() = default;

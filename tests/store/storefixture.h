@@ -1,14 +1,7 @@
 #pragma once
 
-#include "builder/codesign.h"
-#include "builder/proxybuilder.h"
-#include "builder/proxydirectory.h"
-#include "builder/templateapp.h"
-#include "model/libraryfile.h"
 #include "platform/platform.h"
-#include "store/companionstore.h"
-#include "store/proxylifecycle.h"
-#include "system/docktiles.h"
+#include "store/companionengine.h"
 #include "tests/fakes/fakebookmarks.h"
 #include "tests/fakes/fakeclock.h"
 #include "tests/fakes/fakedirectories.h"
@@ -60,14 +53,12 @@ struct StoreFixture : FakePlatform {
     /// Runs the event loop and the clock until nothing is left to wait for.
     void finishEverything();
 
-    LibraryFile library;
-    CodeSign codeSign;
-    TemplateApp templateApp;
-    ProxyDirectory proxyDirectory;
-    ProxyBuilder proxyBuilder;
-    DockTiles dockTiles;
-    std::unique_ptr<CompanionStore> store;
-    ProxyLifecycle proxies;
+    CompanionEngine companion;
+    LibraryFile &library = companion.library;
+    TemplateApp &templateApp = companion.templateApp;
+    ProxyDirectory &proxyDirectory = companion.proxyDirectory;
+    ProxyLifecycle &proxies = companion.proxies;
+    CompanionStore *const store = &companion.store;
 };
 
 /// What no operation of the program does, but another program may one day ask of it.
