@@ -107,8 +107,10 @@ void CompanionStore::load()
         Q_EMIT lockedFolderIDsChanged();
     // A file that is what it was has nothing to tell, while here may be more: what could not be
     // saved, or the folder made up for want of a library.
-    if (!read.isUnchanged || hadLockedFolders || m_folders.isEmpty())
+    if (!read.isUnchanged || hadLockedFolders || m_folders.isEmpty()) {
+        m_hasUnsavedFolders = !read.folders;
         setFolders(read.folders ? *read.folders : QList{newDockFolder(1)});
+    }
     QSet<QUuid> ids;
     for (const DockFolder &folder : std::as_const(m_folders))
         ids.insert(folder.id);
@@ -125,8 +127,10 @@ void CompanionStore::save()
     DockFolderLibrary library{.folders = m_folders};
     library.folders.removeIf([this](const DockFolder &folder) { return isLocked(folder.id); });
     library.selectedFolderID = m_folders.isEmpty() ? fallbackFolder().id : m_folders.first().id;
+    m_hasUnsavedFolders = true;
     try {
         m_.library.save(library);
+        m_hasUnsavedFolders = false;
     } catch (const Error &error) {
         setErrorMessage(error.description());
     }

@@ -142,6 +142,7 @@ private:
     std::unique_ptr<DirectoryWatch> m_jsonWatcher;
     std::unique_ptr<Timer> m_pendingReload;
     bool m_isReloading = false;
+    bool m_hasUnsavedFolders = false; ///< made up for want of a library, or a save failed
     std::chrono::system_clock::time_point m_lastUpdateCheckDate{}; ///< 1970: distant enough
     QSet<QUuid> m_activeProxyUpdateIDs;
     QSet<QUuid> m_installingFolderIDs;

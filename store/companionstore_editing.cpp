@@ -169,6 +169,7 @@ void CompanionStore::resetEverything()
     m_.proxies.removeEverything(unlockedFolderIDs());
     m_.library.removeAll();
     clearError();
+    m_hasUnsavedFolders = true;
     setFolders({newDockFolder(1)});
     refreshPresence();
 }

@@ -17,6 +17,8 @@ QCoro::Task<> CompanionStore::installProxy(QUuid id)
     requireMainThread();
     if (!folder(id) || isLocked(id) || id == appStoreFolderID())
         co_return;
+    if (m_hasUnsavedFolders)
+        save(); // or the next launch would not know the folder, and sweep its Dock app away
     const QPointer<CompanionStore> self(this);
     m_installingFolderIDs.insert(id);
     Q_EMIT presenceChanged();
