@@ -51,8 +51,8 @@ public:
     Q_INVOKABLE [[nodiscard]] static bool isCustomColor(const QString &hex);
     /// The text as a colour text is written, "#RRGGBB"; empty when it is none.
     Q_INVOKABLE [[nodiscard]] static QString plainHex(const QString &hex);
-    /// The opacity of a black ground between the colour and a white symbol on it, so that the symbol
-    /// stands out by 3:1 at least.
+    /// The opacity of a black ground between the colour and a white symbol on it, so that the
+    /// symbol stands out by 3:1 at least.
     Q_INVOKABLE [[nodiscard]] static qreal groundOpacity(const QString &hex);
 
     // Automatic, two columns, three, four.

@@ -3,21 +3,40 @@
 #include "model/uuidtext.h"
 #include "store/companionstore.h"
 #include "ui/folderpreview.h"
+#include "ui/picturestore.h"
 #include "ui/urltexts.h"
 
-FolderDetailModel::FolderDetailModel(CompanionStore &store, QObject *parent)
+using namespace std::chrono_literals;
+
+namespace {
+
+// Every stored colour writes the library.
+constexpr auto storedColorInterval = 100ms;
+
+} // namespace
+
+FolderDetailModel::FolderDetailModel(CompanionStore &store, PictureStore &pictures, QObject *parent)
     : QObject(parent)
     , m_store(store)
+    , m_pictures(pictures)
+    , m_iconImages(store)
+    , m_colorChanges(storedColorInterval)
 {
     connect(&store, &CompanionStore::foldersChanged, this, &FolderDetailModel::update);
     connect(&store, &CompanionStore::presenceChanged, this, &FolderDetailModel::update);
     connect(&store, &CompanionStore::lockedFolderIDsChanged, this, &FolderDetailModel::update);
 }
 
+FolderDetailModel::~FolderDetailModel()
+{
+    m_colorChanges.flush();
+}
+
 void FolderDetailModel::setFolder(const QUuid &id)
 {
     if (m_folder.id == id)
         return;
+    m_colorChanges.flush();
     m_folder = {.id = id};
     update();
     Q_EMIT folderIDChanged();
@@ -26,6 +45,8 @@ void FolderDetailModel::setFolder(const QUuid &id)
 void FolderDetailModel::update()
 {
     m_folder = m_store.folder(m_folder.id).value_or(DockFolder{.id = m_folder.id});
+    if (m_colorChanges.isWaiting())
+        m_folder.accentColorHex = m_chosenColor;
     m_items.setItems(m_folder.items);
     Q_EMIT changed();
 }
@@ -50,6 +71,14 @@ bool FolderDetailModel::isInstalling() const
     return m_store.isInstalling(m_folder.id);
 }
 
+QStringList FolderDetailModel::itemURLs() const
+{
+    QStringList texts;
+    for (const DockFolderItem &item : m_folder.items)
+        texts.append(item.url.text());
+    return texts;
+}
+
 QString FolderDetailModel::accentColorHex() const
 {
     return previewColor(m_folder);
@@ -62,7 +91,7 @@ QString FolderDetailModel::iconSymbol() const
 
 QString FolderDetailModel::pictureSource() const
 {
-    return {};
+    return m_pictures.pictureSource(m_folder);
 }
 
 int FolderDetailModel::gridColumns() const
@@ -124,12 +153,24 @@ void FolderDetailModel::moveItem(const QString &itemID, int index)
 
 void FolderDetailModel::setIconSymbol(const QString &symbol)
 {
+    m_iconImages.cancel(m_folder.id);
     m_store.setIconSymbol(m_folder.id, symbol.isEmpty() ? std::nullopt : std::optional(symbol));
+}
+
+void FolderDetailModel::loadCustomImage(const QString &urlText, const QString &folderID)
+{
+    const QUuid id = uuidFromText(folderID).value_or(m_folder.id);
+    if (const std::optional<FileURL> url = FileURL::fromText(urlText); url && url->isFileURL())
+        m_iconImages.load(id, *url);
 }
 
 void FolderDetailModel::setAccentColor(const QString &hex)
 {
-    m_store.setAccentColor(m_folder.id, hex.isEmpty() ? std::nullopt : std::optional(hex));
+    m_chosenColor = hex.isEmpty() ? std::nullopt : std::optional(hex);
+    m_colorChanges.submit(
+        [this, id = m_folder.id, color = m_chosenColor] { m_store.setAccentColor(id, color); });
+    if (m_colorChanges.isWaiting())
+        update();
 }
 
 void FolderDetailModel::setGridColumns(int columns)

@@ -1,11 +1,14 @@
 #pragma once
 
+#include "ui/iconimageloader.h"
 #include "ui/itemlistmodel.h"
+#include "ui/throttle.h"
 
 #include <QObject>
 #include <QtQml/qqmlregistration.h>
 
 class CompanionStore;
+class PictureStore;
 
 /// The selected folder as its detail shows it, and what its controls do.
 class FolderDetailModel final : public QObject {
@@ -19,6 +22,7 @@ class FolderDetailModel final : public QObject {
     Q_PROPERTY(bool isInstalling READ isInstalling NOTIFY changed)
     Q_PROPERTY(int itemCount READ itemCount NOTIFY changed)
     Q_PROPERTY(ItemListModel *items READ items CONSTANT)
+    Q_PROPERTY(QStringList itemURLs READ itemURLs NOTIFY changed)
     Q_PROPERTY(QString accentColorHex READ accentColorHex NOTIFY changed)
     Q_PROPERTY(QString iconSymbol READ iconSymbol NOTIFY changed)
     Q_PROPERTY(bool hasCustomIcon READ hasCustomIcon NOTIFY changed)
@@ -28,7 +32,9 @@ class FolderDetailModel final : public QObject {
     Q_PROPERTY(QStringList previewURLs READ previewURLs NOTIFY changed)
 
 public:
-    explicit FolderDetailModel(CompanionStore &store, QObject *parent = nullptr);
+    /// The pictures of folders that it tells of are put there.
+    FolderDetailModel(CompanionStore &store, PictureStore &pictures, QObject *parent = nullptr);
+    ~FolderDetailModel() override;
 
     /// A null id, or one that is not in the library, shows nothing.
     void setFolder(const QUuid &id);
@@ -40,6 +46,8 @@ public:
     [[nodiscard]] bool isInstalling() const;
     [[nodiscard]] int itemCount() const { return m_items.rowCount(); }
     [[nodiscard]] ItemListModel *items() { return &m_items; }
+    /// Texts of the URLs of all items.
+    [[nodiscard]] QStringList itemURLs() const;
     /// "#RRGGBB"; empty: none was chosen, or it can't be read.
     [[nodiscard]] QString accentColorHex() const;
     /// Empty: none.
@@ -64,7 +72,11 @@ public:
     Q_INVOKABLE void moveItem(const QString &itemID, int index);
     /// Empty: none.
     Q_INVOKABLE void setIconSymbol(const QString &symbol);
-    /// "#RRGGBB"; empty: none.
+    /// Makes the picture of a file, given by its URL's text, the folder's icon when it has been
+    /// read. A file that holds no picture changes nothing.
+    Q_INVOKABLE void loadCustomImage(const QString &urlText, const QString &folderID = {});
+    /// "#RRGGBB"; empty: none. Shown at once; of the many colours of a drag only some are stored,
+    /// and always the last.
     Q_INVOKABLE void setAccentColor(const QString &hex);
     /// 0: automatic.
     Q_INVOKABLE void setGridColumns(int columns);
@@ -77,6 +89,10 @@ private:
     void update();
 
     CompanionStore &m_store;
+    PictureStore &m_pictures;
     DockFolder m_folder;
     ItemListModel m_items;
+    IconImageLoader m_iconImages;
+    std::optional<QString> m_chosenColor; ///< counts while a change waits
+    Throttle m_colorChanges;
 };

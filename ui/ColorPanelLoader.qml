@@ -1,0 +1,45 @@
+import QtQuick
+import Nestlet.Companion
+
+/// Makes the window's own colour panel when it is first asked for, and gives the focus back to the
+/// swatch when it closes.
+Loader {
+    id: root
+
+    required property string hex
+    required property Item swatch
+    readonly property ColorPanel panel: root.item as ColorPanel
+    signal changed(hex: string)
+
+    function show() {
+        if (!root.active)
+            root.setSource("ColorPanel.qml", {
+                "parent": root.swatch
+            });
+        root.active = true;
+        root.panel.open();
+    }
+    function close() {
+        if (root.panel)
+            root.panel.close();
+    }
+
+    active: false
+
+    Binding {
+        target: root.panel
+        property: "hex"
+        value: root.hex
+        when: root.panel !== null
+    }
+    Connections {
+        target: root.panel
+        function onChanged(hex: string) {
+            root.changed(hex);
+        }
+        function onAboutToHide() {
+            if (root.panel.activeFocus)
+                root.swatch.forceActiveFocus(Qt.PopupFocusReason);
+        }
+    }
+}

@@ -1,0 +1,190 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import Nestlet.Companion
+
+/// A panel for choosing one picture, for where the system has none. A window of its own, beside which
+/// the others stay usable.
+Window {
+    id: root
+
+    required property SystemPanels panels
+    required property string folderID
+    readonly property string selectedURL: list.selectedURL
+    signal chosen(url: string, folderID: string)
+
+    function choose(url: string) {
+        browser.rememberDirectory();
+        root.chosen(url, root.folderID);
+        root.close();
+    }
+    // Opens what is named: goes into a directory, chooses a picture.
+    function openURL(url: string) {
+        if (browser.isDirectory(url))
+            root.openDirectory(url);
+        else if (url !== "")
+            root.choose(url);
+    }
+    function openDirectory(url: string) {
+        problem.text = browser.openDirectory(url) ? "" : qsTr("This folder can’t be opened.");
+        list.selectFirst();
+    }
+    function openPath(path: string) {
+        const url = browser.urlOfPath(path);
+        if (url !== "")
+            root.openURL(url);
+        else
+            problem.text = qsTr("There is nothing at this path.");
+    }
+
+    title: qsTr("Choose Icon Image")
+    flags: Qt.Dialog
+    width: 720
+    height: 460
+    minimumWidth: 560
+    minimumHeight: 320
+    color: Theme.content
+    Component.onCompleted: list.forceActiveFocus(Qt.PopupFocusReason)
+
+    ImageBrowserModel {
+        id: browser
+        panels: root.panels
+    }
+
+    Shortcut {
+        sequence: "Escape"
+        onActivated: root.close()
+    }
+    Shortcut {
+        sequences: ["Ctrl+Shift+G"]
+        onActivated: pathField.forceActiveFocus(Qt.ShortcutFocusReason)
+    }
+    Shortcut {
+        sequences: ["Ctrl+Up"]
+        onActivated: browser.openParent()
+    }
+
+    OpenPanelPlaces {
+        id: places
+        anchors.left: parent.left
+        anchors.top: parent.top
+        anchors.bottom: parent.bottom
+        width: 160
+        browser: browser
+        onOpened: url => root.openDirectory(url)
+    }
+
+    Item {
+        id: toolbar
+        anchors.left: places.right
+        anchors.right: parent.right
+        anchors.top: parent.top
+        height: 44
+
+        SymbolButton {
+            id: parentButton
+            objectName: "parentButton"
+            anchors.left: parent.left
+            anchors.leftMargin: Theme.rowInset
+            anchors.verticalCenter: parent.verticalCenter
+            symbol: "chevron.up"
+            symbolSize: 14
+            text: qsTr("Enclosing Folder")
+            enabled: browser.hasParent
+            onClicked: browser.openParent()
+        }
+
+        OpenPanelPathField {
+            id: pathField
+            anchors.left: parentButton.right
+            anchors.leftMargin: Theme.rowInset
+            anchors.right: parent.right
+            anchors.rightMargin: Theme.cardInset
+            anchors.verticalCenter: parent.verticalCenter
+            path: browser.directoryPath
+            onEntered: path => root.openPath(path)
+        }
+    }
+
+    Rectangle {
+        anchors.left: places.right
+        anchors.right: parent.right
+        anchors.top: toolbar.bottom
+        height: 1
+        color: Theme.separator
+    }
+
+    OpenPanelList {
+        id: list
+        anchors.left: places.right
+        anchors.right: preview.left
+        anchors.top: toolbar.bottom
+        anchors.topMargin: 1
+        anchors.bottom: footer.top
+        browser: browser
+        onOpened: url => root.openURL(url)
+    }
+
+    OpenPanelPreview {
+        id: preview
+        anchors.right: parent.right
+        anchors.top: toolbar.bottom
+        anchors.topMargin: 1
+        anchors.bottom: footer.top
+        width: visible ? 180 : 0
+        visible: list.isPictureSelected
+        url: list.isPictureSelected ? list.selectedURL : ""
+        name: list.selectedName
+    }
+
+    Item {
+        id: footer
+        anchors.left: places.right
+        anchors.right: parent.right
+        anchors.bottom: parent.bottom
+        height: 52
+
+        Rectangle {
+            anchors.left: parent.left
+            anchors.right: parent.right
+            height: 1
+            color: Theme.separator
+        }
+
+        CompanionText {
+            id: problem
+            objectName: "openPanelProblem"
+            anchors.left: parent.left
+            anchors.leftMargin: Theme.cardInset
+            anchors.right: buttons.left
+            anchors.rightMargin: Theme.rowInset
+            anchors.verticalCenter: parent.verticalCenter
+            color: Theme.redInk
+            font: Theme.subheadline
+            Accessible.role: Accessible.AlertMessage
+            Accessible.name: problem.text
+            Accessible.ignored: problem.text === ""
+        }
+
+        Row {
+            id: buttons
+            anchors.right: parent.right
+            anchors.rightMargin: Theme.cardInset
+            anchors.verticalCenter: parent.verticalCenter
+            spacing: Theme.rowInset
+
+            PushButton {
+                text: qsTr("Cancel")
+                width: Math.max(76, implicitWidth)
+                onClicked: root.close()
+            }
+            PushButton {
+                objectName: "openButton"
+                text: qsTr("Open")
+                width: Math.max(76, implicitWidth)
+                isDefault: true
+                enabled: list.selectedURL !== ""
+                onClicked: root.openURL(list.selectedURL)
+            }
+        }
+    }
+}

@@ -1,0 +1,113 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import Nestlet.Companion
+
+/// The directories and pictures of an open panel's directory.
+Item {
+    id: root
+
+    required property ImageBrowserModel browser
+    property string selectedURL
+    readonly property string selectedName: list.currentItem ? (list.currentItem as OpenPanelRow).text : ""
+    readonly property bool isPictureSelected: root.selectedURL !== "" && !root.browser.isDirectory(root.selectedURL)
+    property string typed
+    signal opened(url: string)
+
+    function select(row: int) {
+        list.currentIndex = row;
+        root.selectedURL = root.browser.urlAt(row);
+    }
+    function selectFirst() {
+        root.select(list.count > 0 ? 0 : -1);
+    }
+    function findTyped(text: string) {
+        const row = root.browser.rowStartingWith(root.typed + text, root.typed === "" ? list.currentIndex : list.currentIndex - 1);
+        root.typed += text;
+        typingPause.restart();
+        if (row >= 0)
+            root.select(row);
+    }
+
+    onActiveFocusChanged: {
+        if (root.activeFocus)
+            list.forceActiveFocus(Qt.OtherFocusReason);
+    }
+
+    Timer {
+        id: typingPause
+        interval: 1000
+        onTriggered: root.typed = ""
+    }
+
+    Connections {
+        target: root.browser
+        function onDirectoryChanged() {
+            root.selectFirst();
+        }
+    }
+
+    CompanionText {
+        anchors.centerIn: parent
+        text: qsTr("No pictures here")
+        font: Theme.callout
+        color: Theme.secondary
+        visible: list.count === 0
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
+        Accessible.ignored: !visible
+    }
+
+    ListView {
+        id: list
+        objectName: "fileList"
+        anchors.fill: parent
+        anchors.margins: Theme.rowInset
+        clip: true
+        activeFocusOnTab: true
+        boundsBehavior: Flickable.StopAtBounds
+        interactive: false
+        model: root.browser
+        ScrollBar.vertical: CompanionScrollBar {}
+        Accessible.role: Accessible.List
+        Accessible.name: qsTr("Files")
+        Component.onCompleted: root.selectFirst()
+        Keys.onUpPressed: root.select(Math.max(list.currentIndex - 1, 0))
+        Keys.onDownPressed: root.select(Math.min(list.currentIndex + 1, list.count - 1))
+        Keys.onReturnPressed: root.opened(root.selectedURL)
+        Keys.onEnterPressed: root.opened(root.selectedURL)
+        Keys.onPressed: event => {
+            event.accepted = true;
+            if (event.key === Qt.Key_Home)
+                root.selectFirst();
+            else if (event.key === Qt.Key_End)
+                root.select(list.count - 1);
+            else if (event.text > " " && !(event.modifiers & Qt.ControlModifier))
+                root.findTyped(event.text);
+            else
+                event.accepted = false;
+        }
+
+        WheelScrolling {
+            target: list
+        }
+
+        delegate: OpenPanelRow {
+            required property int index
+            required property string url
+            required property string name
+            required property bool isDirectory
+
+            width: ListView.view.width
+            iconURL: url
+            text: name
+            isSelected: ListView.isCurrentItem
+            isEmphasized: list.activeFocus
+            Accessible.description: isDirectory ? qsTr("Folder") : qsTr("Picture")
+            onPressed: {
+                list.forceActiveFocus(Qt.MouseFocusReason);
+                root.select(index);
+            }
+            onActivated: root.opened(url)
+        }
+    }
+}
