@@ -4,6 +4,7 @@
 #include "ui/companionviewmodel.h"
 #include "ui/imageproviders.h"
 #include "ui/picturestore.h"
+#include "ui/systempanels.h"
 
 #include <QCommandLineParser>
 #include <QGuiApplication>
@@ -53,9 +54,11 @@ int main(int argc, char *argv[])
     CompanionViewModel viewModel(companion.store, pictures, [&] {
         return scanInstalledApplications(*platform.files, *platform.directories);
     });
+    SystemPanels panels(platform);
     QQmlApplicationEngine engine;
     addImageProviders(engine, *platform.workspace, pictures);
-    engine.setInitialProperties({{QStringLiteral("model"), QVariant::fromValue(&viewModel)}});
+    engine.setInitialProperties({{QStringLiteral("model"), QVariant::fromValue(&viewModel)},
+                                 {QStringLiteral("panels"), QVariant::fromValue(&panels)}});
     engine.addImportPath(QStringLiteral(":/qt/qml"));
     engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Nestlet/Companion/CompanionView.qml")));
     if (engine.rootObjects().isEmpty())

@@ -7,6 +7,7 @@ Item {
 
     required property FolderDetailModel folder
     required property ApplicationScan applicationScan
+    property SystemPanels panels: null
     property string untouchedDraft
     property bool showAppPicker: false
     property bool isConfirmingDelete: false
@@ -233,6 +234,7 @@ Item {
                     anchors.top: parent.top
                     anchors.margins: Theme.cardInset
                     folder: root.folder
+                    panels: root.panels
                 }
             }
 

@@ -8,6 +8,8 @@ ApplicationWindow {
     id: root
 
     required property CompanionViewModel model
+    /// Null: there is no way to choose a picture, and no colour panel but the window's own.
+    property SystemPanels panels: null
     property bool isConfirmingReset: false
 
     title: qsTr("Nestlet Companion")
@@ -86,6 +88,7 @@ ApplicationWindow {
                 sourceComponent: CompanionFolderDetail {
                     folder: root.model.detail
                     applicationScan: root.model.applicationScan
+                    panels: root.panels
                 }
             }
 
