@@ -91,6 +91,12 @@ bool CompanionStore::isInstalling(const QUuid &id) const
     return m_installingFolderIDs.contains(id);
 }
 
+const std::optional<CompanionStore::InstallProgress> &CompanionStore::installAllProgress() const
+{
+    requireMainThread();
+    return m_installAllProgress;
+}
+
 bool CompanionStore::isNestletInstalled() const
 {
     requireMainThread();

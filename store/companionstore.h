@@ -11,6 +11,7 @@
 
 #include <chrono>
 #include <functional>
+#include <map>
 #include <set>
 
 class DirectoryWatch;
@@ -38,6 +39,12 @@ public:
         const ProxyDirectory &proxyDirectory;
         ProxyLifecycle &proxies;
     };
+    /// How far an installation of all Dock apps is.
+    struct InstallProgress {
+        qsizetype done{}; ///< failed ones count too
+        qsizetype total{};
+        bool operator==(const InstallProgress &) const = default;
+    };
     explicit CompanionStore(const Collaborators &collaborators);
     ~CompanionStore() override;
 
@@ -62,6 +69,8 @@ public:
     [[nodiscard]] bool isInstalled(const QUuid &id) const;
     /// Whether a Dock app of the folder is being installed.
     [[nodiscard]] bool isInstalling(const QUuid &id) const;
+    /// Nothing when none is running.
+    [[nodiscard]] const std::optional<InstallProgress> &installAllProgress() const;
     /// Whether there was a Nestlet app when last looked; it need not be a valid one.
     [[nodiscard]] bool isNestletInstalled() const;
 
@@ -83,8 +92,15 @@ public:
 
     // Dock apps
 
+    // One thing at a time happens to a folder's Dock apps. An install waits for a rebuild that has
+    // begun; a rebuild that is asked for during an install is done after it, if it failed. Both
+    // build from the folder as it is after all waits, and leave one that has gone alone.
+
     /// Builds the folder's Dock app and launches it in front; a failure becomes the error message.
+    /// Nothing while one of the folder is being installed.
     QCoro::Task<> installProxy(QUuid id);
+    /// Installs the Dock apps of all folders, each by itself: one that fails does not stop the
+    /// others. Nothing while they are being installed.
     void installAllProxies();
     /// Rebuilds the folder's installed Dock apps in the background; nothing when there are none or
     /// a rebuild of the folder has not ended.
@@ -110,6 +126,10 @@ Q_SIGNALS:
     void lockedFolderIDsChanged();
     void errorMessageChanged();
     void availableUpdateChanged();
+    /// The folder's Dock app was built and its launch begun, as `installProxy` or
+    /// `installAllProxies` asked.
+    void proxyInstalled(const QUuid &id);
+    void installAllProgressChanged();
     /// What `isInstalled`, `isInstalling` or `isNestletInstalled` say may have changed.
     void presenceChanged();
 
@@ -129,6 +149,10 @@ private:
     [[nodiscard]] std::optional<qsizetype> editableIndex(const QUuid &id) const;
     [[nodiscard]] QList<QUuid> unlockedFolderIDs() const;
 
+    [[nodiscard]] bool canInstall(const QUuid &id) const;
+    QCoro::Task<> install(QUuid id);
+    QCoro::Task<> installOneOfAll(QUuid id);
+    void setInstallAllProgress(const std::optional<InstallProgress> &progress);
     void refreshInstalledProxies();
     void startRebuild(const QUuid &id, const QList<FileURL> &proxies);
     QCoro::Task<> rebuildProxies(QUuid id, QList<FileURL> proxies);
@@ -144,8 +168,10 @@ private:
     bool m_isReloading = false;
     bool m_hasUnsavedFolders = false; ///< made up for want of a library, or a save failed
     std::chrono::system_clock::time_point m_lastUpdateCheckDate{}; ///< 1970: distant enough
-    QSet<QUuid> m_activeProxyUpdateIDs;
+    std::map<QUuid, QCoro::Task<>> m_activeProxyUpdates; ///< the rebuilds, by folder
+    QSet<QUuid> m_postponedProxyUpdateIDs; ///< asked for during an install
     QSet<QUuid> m_installingFolderIDs;
+    std::optional<InstallProgress> m_installAllProgress;
     QSet<QUuid> m_installedFolderIDs;
     bool m_isNestletInstalled = false;
 };

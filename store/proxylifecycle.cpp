@@ -39,7 +39,7 @@ QCoro::Task<> ProxyLifecycle::install(QUuid folderID)
 {
     const QPointer<ProxyLifecycle> self(this);
     co_await m_turns.next();
-    if (!self)
+    if (!self || !m_folderNow(folderID))
         co_return;
     const FileURL templateApp = m_.templateApp.locateNestletApp();
     co_await terminateRunningProxies(folderID);
