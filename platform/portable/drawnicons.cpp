@@ -1,41 +1,29 @@
 #include "platform/portable/drawnicons.h"
 
+#include "platform/portable/documentdrawing.h"
+#include "platform/portable/drawing.h"
+
 #include <QFont>
-#include <QLinearGradient>
-#include <QPainter>
 #include <QPainterPath>
 
 namespace {
 
-constexpr int grid = 128; // the coordinates that the drawings below use
+constexpr int leastLabelledSide = 40; // in fewer pixels a label cannot be read
 
-// Draws in a square of 128 units, whatever the picture's size.
-template <typename Draw> QImage drawn(int side, const Draw &draw)
-{
-    QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    QPainter painter(&image);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.scale(side / double(grid), side / double(grid));
-    painter.setPen(Qt::NoPen);
-    draw(painter);
-    return image;
-}
-
-QLinearGradient downwards(double from, double to, const QColor &top, const QColor &bottom)
-{
-    QLinearGradient gradient(0, from, 0, to);
-    gradient.setColorAt(0, top);
-    gradient.setColorAt(1, bottom);
-    return gradient;
-}
-
+// The tab, a slope down from it, and the edge behind the front.
 QPainterPath folderBack()
 {
     QPainterPath path;
-    path.addRoundedRect(QRectF(8, 22, 52, 40), 8, 8);
-    path.addRoundedRect(QRectF(8, 32, 112, 74), 8, 8);
-    return path.simplified();
+    path.moveTo(8, 96);
+    path.lineTo(8, 30);
+    path.quadTo(8, 21, 17, 21);
+    path.lineTo(42, 21);
+    path.cubicTo(51, 21, 51, 30, 60, 30);
+    path.lineTo(111, 30);
+    path.quadTo(120, 30, 120, 39);
+    path.lineTo(120, 96);
+    path.closeSubpath();
+    return path;
 }
 
 QPainterPath sheet()
@@ -69,43 +57,61 @@ void drawExtension(QPainter &painter, const QString &extension)
     constexpr qsizetype longest = 6;
     if (extension.isEmpty() || extension.size() > longest)
         return;
-    QFont font;
-    font.setPixelSize(extension.size() > 4 ? 16 : 20);
+    QFont font(QStringLiteral("Inter"));
+    font.setPixelSize(extension.size() > 4 ? 14 : 16);
     font.setWeight(QFont::DemiBold);
     painter.setFont(font);
     painter.setPen(QColor(0x8e, 0x8e, 0x93));
-    painter.drawText(QRectF(22, 84, 84, 28), Qt::AlignCenter, extension.toUpper());
+    painter.drawText(QRectF(22, 95, 84, 22), Qt::AlignCenter, extension.toUpper());
+}
+
+// Soft edges below and around, as far as the pixels allow.
+void drawSheetShadow(QPainter &painter)
+{
+    for (const auto &[offset, opacity] : {std::pair(2.5, 10), std::pair(1.5, 14)}) {
+        painter.setBrush(QColor(0, 0, 0, opacity));
+        painter.setPen(QPen(QColor(0, 0, 0, opacity), 2));
+        painter.drawPath(sheet().translated(0, offset));
+    }
 }
 
 } // namespace
 
 QImage drawnFolderIcon(int side)
 {
-    return drawn(side, [](QPainter &painter) {
-        painter.setBrush(downwards(22, 106, QColor(0x4f, 0xae, 0xe8), QColor(0x3b, 0x94, 0xd6)));
+    const QRectF front(8, 39, 112, 68);
+    return drawnIcon(side, [&](QPainter &painter) {
+        painter.setBrush(QColor(0, 0, 0, 30));
+        painter.drawRoundedRect(front.adjusted(0, 40, 0, 2.5), 9, 9);
+        painter.setBrush(downwards(21, 60, QColor(0x4c, 0xab, 0xe4), QColor(0x3a, 0x97, 0xd6)));
         painter.drawPath(folderBack());
-        painter.setBrush(downwards(42, 108, QColor(0x86, 0xd0, 0xf8), QColor(0x5b, 0xb5, 0xf0)));
-        painter.drawRoundedRect(QRectF(8, 42, 112, 66), 8, 8);
-        painter.setBrush(QColor(255, 255, 255, 70));
-        painter.drawRoundedRect(QRectF(9, 42, 110, 2), 1, 1);
+        painter.setBrush(downwards(39, 107, QColor(0x8b, 0xd6, 0xfb), QColor(0x56, 0xb3, 0xee)));
+        painter.drawRoundedRect(front, 9, 9);
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(QPen(downwards(39, 50, QColor(255, 255, 255, 150), Qt::transparent), 1.5));
+        painter.drawRoundedRect(front.adjusted(0.75, 0.75, -0.75, -0.75), 8.5, 8.5);
     });
 }
 
-QImage drawnDocumentIcon(const QString &extension, int side)
+QImage drawnDocumentIcon(DocumentKind kind, const QString &extension, int side)
 {
-    return drawn(side, [&](QPainter &painter) {
-        painter.setBrush(downwards(8, 120, Qt::white, QColor(0xf2, 0xf2, 0xf4)));
-        painter.setPen(QPen(QColor(0, 0, 0, 46), 1.5));
+    return drawnIcon(side, [&](QPainter &painter) {
+        drawSheetShadow(painter);
+        painter.setBrush(downwards(8, 120, Qt::white, QColor(0xf4, 0xf4, 0xf6)));
+        painter.setPen(QPen(QColor(0, 0, 0, 56), 1.25));
         painter.drawPath(sheet());
-        painter.setBrush(downwards(8, 38, QColor(0xe3, 0xe3, 0xe6), QColor(0xfa, 0xfa, 0xfb)));
+        drawDocumentKind(painter, kind, side);
+        painter.setBrush(downwards(8, 38, QColor(0xd9, 0xd9, 0xde), QColor(0xfa, 0xfa, 0xfb)));
+        painter.setPen(QPen(QColor(0, 0, 0, 40), 1));
         painter.drawPath(foldedCorner());
-        drawExtension(painter, extension);
+        if (side >= leastLabelledSide && kind != DocumentKind::PDF) // which names itself
+            drawExtension(painter, extension);
     });
 }
 
 QImage drawnApplicationIcon(int side)
 {
-    return drawn(side, [](QPainter &painter) {
+    return drawnIcon(side, [](QPainter &painter) {
         painter.setBrush(downwards(12, 116, QColor(0xfb, 0xfb, 0xfc), QColor(0xd9, 0xdb, 0xe0)));
         painter.setPen(QPen(QColor(0, 0, 0, 40), 1));
         painter.drawRoundedRect(QRectF(12, 12, 104, 104), 24, 24);
@@ -113,5 +119,22 @@ QImage drawnApplicationIcon(int side)
         painter.setPen(QPen(QColor(0x9a, 0x9d, 0xa5), 3));
         painter.drawEllipse(QPointF(64, 64), 30, 30);
         painter.drawEllipse(QPointF(64, 64), 14, 14);
+    });
+}
+
+QImage drawnThumbnail(const QImage &picture, int side)
+{
+    constexpr double room = 116; // of the icon's units, for the longer side
+    return drawnIcon(side, [&](QPainter &painter) {
+        const QSizeF size = QSizeF(picture.size()).scaled({room, room}, Qt::KeepAspectRatio);
+        const QRectF frame(QPointF((iconUnits - size.width()) / 2, (iconUnits - size.height()) / 2),
+                           size);
+        painter.setBrush(QColor(0, 0, 0, 26));
+        painter.drawRoundedRect(frame.adjusted(-1, 0, 1, 2.5), 3, 3);
+        painter.fillRect(frame, Qt::white);
+        painter.drawImage(frame, picture);
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(QPen(QColor(0, 0, 0, 60), 1));
+        painter.drawRect(frame);
     });
 }

@@ -2,14 +2,13 @@
 
 #include "platform/portable/bundleinfo.h"
 #include "platform/portable/detachedprocess.h"
-#include "platform/portable/drawnicons.h"
 #include "platform/portable/environment.h"
+#include "platform/portable/fileicon.h"
 #include "platform/posix/posixfilesystem.h"
 #include "platform/runningapplications.h"
 
 #include <QDir>
 #include <QFile>
-#include <QImageReader>
 #include <QStandardPaths>
 
 #include <cerrno>
@@ -60,43 +59,6 @@ FileURL executableOf(const FileURL &bundle, const QVariantMap &info)
     return bundle.appendingDirectory(QStringLiteral("Contents"))
         .appendingDirectory(QStringLiteral("MacOS"))
         .appendingFile(name);
-}
-
-// The smallest picture that is large enough, else the largest: icon files hold several.
-QImage bestPicture(const FileURL &file, int side)
-{
-    QImageReader reader(file.path());
-    QImage best;
-    for (int index = 0; index < std::max(reader.imageCount(), 1); ++index) {
-        if (index > 0 && !reader.jumpToImage(index))
-            continue;
-        const QImage image = reader.read();
-        const bool isBetter = best.width() < side
-            ? image.width() > best.width()
-            : image.width() >= side && image.width() < best.width();
-        if (!image.isNull() && isBetter)
-            best = image;
-    }
-    return best;
-}
-
-QImage fitted(const QImage &image, int side)
-{
-    if (image.isNull() || (image.width() == side && image.height() == side))
-        return image;
-    const QImage scaled = image.scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation);
-    if (scaled.width() == scaled.height())
-        return scaled;
-    QImage square(side, side, QImage::Format_ARGB32_Premultiplied);
-    square.fill(Qt::transparent);
-    const QPoint corner((side - scaled.width()) / 2, (side - scaled.height()) / 2);
-    const QImage source = scaled.convertToFormat(QImage::Format_ARGB32_Premultiplied);
-    for (int y = 0; y < source.height(); ++y) {
-        const auto *from = reinterpret_cast<const QRgb *>(source.constScanLine(y));
-        auto *to = reinterpret_cast<QRgb *>(square.scanLine(corner.y() + y)) + corner.x();
-        std::copy_n(from, source.width(), to);
-    }
-    return square;
 }
 
 // Where a desktop is there to ask.
@@ -193,14 +155,5 @@ void PortableWorkspace::reveal(const QList<FileURL> &urls)
 
 QImage PortableWorkspace::icon(const FileURL &url, int side) const
 {
-    if (side <= 0 || !url.isFileURL())
-        return {};
-    if (isApplication(url)) {
-        const std::optional<FileURL> file = bundleIconFile(url);
-        const QImage picture = file ? bestPicture(*file, side) : QImage();
-        return picture.isNull() ? drawnApplicationIcon(side) : fitted(picture, side);
-    }
-    if (PosixFileSystem().isDirectory(url))
-        return drawnFolderIcon(side);
-    return drawnDocumentIcon(url.pathExtension(), side);
+    return side > 0 && url.isFileURL() ? fileIcon(url, side) : QImage();
 }

@@ -3,7 +3,6 @@
 #include "tests/platform/standinapplications.h"
 
 #include <QFile>
-#include <QPainter>
 #include <QSet>
 #include <QTest>
 #include <QThread>
@@ -51,7 +50,6 @@ private Q_SLOTS:
     void findsInstalledApplications();
     void notesWhatItOpens();
     void drawsIconsOnAnyThread();
-    void readsAnIconFile();
 
 private:
     [[nodiscard]] std::optional<PlatformError>
@@ -317,6 +315,8 @@ void PortableWorkspaceTest::notesWhatItOpens()
 void PortableWorkspaceTest::drawsIconsOnAnyThread()
 {
     m_mac->files.createDirectories(m_mac->at(QStringLiteral("/folder")));
+    for (const char *name : {"/a.txt", "/a.pdf"})
+        m_mac->files.writeAtomically(m_mac->at(QString::fromLatin1(name)), "text");
     const QList<FileURL> urls{
         m_mac->at(QStringLiteral("/folder")), m_mac->at(QStringLiteral("/a.txt")),
         m_mac->at(QStringLiteral("/a.pdf")), m_mac->make(QStringLiteral("/plain.app"), identifier)};
@@ -336,25 +336,6 @@ void PortableWorkspaceTest::drawsIconsOnAnyThread()
         QVERIFY(images[i] != images[i - 1]);
     QVERIFY(m_workspace->icon(urls[0], 0).isNull());
     QVERIFY(m_workspace->icon(FileURL::fromValidText(QStringLiteral("https://x/")), 16).isNull());
-}
-
-void PortableWorkspaceTest::readsAnIconFile()
-{
-    const FileURL bundle
-        = m_mac->make(QStringLiteral("/A.app"),
-                      {{QStringLiteral("CFBundleIconFile"), QStringLiteral("Icon")}}, "");
-    const QString folder = bundle.path() + QStringLiteral("/Contents/Resources");
-    m_mac->files.createDirectories(FileURL::directory(folder));
-    QImage picture(256, 256, QImage::Format_ARGB32);
-    picture.fill(Qt::red);
-    QVERIFY(picture.save(folder + QStringLiteral("/Icon.icns"), "icns"));
-    for (const int side : {16, 100, 256, 300}) {
-        const QImage icon = m_workspace->icon(bundle, side);
-        QCOMPARE(icon.size(), QSize(side, side));
-        QCOMPARE(icon.pixelColor(side / 2, side / 2), QColor(Qt::red));
-    }
-    m_mac->files.writeAtomically(FileURL::file(folder + QStringLiteral("/Icon.icns")), "noise");
-    QCOMPARE(m_workspace->icon(bundle, 64).size(), QSize(64, 64));
 }
 
 QTEST_MAIN(PortableWorkspaceTest)
