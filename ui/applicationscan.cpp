@@ -32,7 +32,7 @@ QFuture<ApplicationList> ApplicationScan::start()
     const auto promise = std::make_shared<QPromise<ApplicationList>>();
     promise->start();
     m_threads.start([scan = m_scan, promise] {
-        promise->addResult(listOf(scan()));
+        promise->addResult(scan ? listOf(scan()) : ApplicationList());
         promise->finish();
     });
     return promise->future();

@@ -25,7 +25,7 @@ class ApplicationScan final : public QObject {
     QML_UNCREATABLE("Made by the application")
 
 public:
-    using Scan = std::function<QList<FileURL>()>; ///< called on another thread
+    using Scan = std::function<QList<FileURL>()>; ///< called on another thread; empty: finds none
 
     explicit ApplicationScan(Scan scan, QObject *parent = nullptr);
     /// Waits for a scan that still runs.

@@ -1,0 +1,151 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import Nestlet.Companion
+
+/// The found applications in as many columns as have room. To the keyboard it is one stop.
+FocusScope {
+    id: root
+
+    required property AppPickerModel picker
+    readonly property int spacing: 12
+    readonly property int leastColumnWidth: 80
+    readonly property int hoveredRow: {
+        // What is under a pointer that rests changes when the grid scrolls.
+        const isPlaced = grid.contentY >= grid.originY - grid.topMargin;
+        return hover.hovered && isPlaced ? root.rowAt(hover.point.position) : -1;
+    }
+    /// A key that belongs into the search field.
+    signal typed(text: string)
+    /// The keyboard leaves the grid upwards.
+    signal exited
+
+    function toggle(row: int) {
+        const cell = grid.itemAtIndex(row) as AppPickerCell;
+        if (cell)
+            cell.toggle();
+    }
+    /// The row under a point of the grid, or -1 beside the cells.
+    function rowAt(position: point): int {
+        const place = root.mapToItem(grid.contentItem, position);
+        const cell = grid.itemAt(place.x, place.y) as AppPickerCell;
+        return cell && cell.covers(root.mapToItem(cell, position)) ? grid.indexAt(place.x, place.y) : -1;
+    }
+    function typesText(event: KeyEvent): bool {
+        return event.text !== "" && event.text >= " " && event.text !== "\u007f" && !(event.modifiers & (Qt.ControlModifier | Qt.AltModifier | Qt.MetaModifier));
+    }
+
+    activeFocusOnTab: true
+    clip: true
+
+    HoverHandler {
+        id: hover
+    }
+
+    TapHandler {
+        onTapped: eventPoint => {
+            const row = root.rowAt(eventPoint.position);
+            if (row < 0)
+                return;
+            grid.currentIndex = row;
+            root.toggle(row);
+        }
+    }
+
+    Connections {
+        target: root.picker
+        function onSearchTextChanged() {
+            grid.currentIndex = 0;
+            grid.contentY = grid.originY - grid.topMargin;
+        }
+    }
+
+    GridView {
+        id: grid
+
+        readonly property bool isMirrored: LayoutMirroring.enabled
+        readonly property int columns: Math.max(1, Math.floor(width / (root.leastColumnWidth + root.spacing)))
+        readonly property int lastLine: Math.floor((grid.count - 1) / grid.columns)
+        readonly property int linesPerPage: Math.max(1, Math.floor(height / cellHeight))
+
+        objectName: "appGrid"
+        anchors.fill: parent
+        anchors.leftMargin: 10
+        anchors.rightMargin: 10
+        topMargin: 6
+        bottomMargin: 6
+        focus: true
+        model: root.picker
+        cellWidth: Math.floor(width / grid.columns)
+        cellHeight: 106
+        cacheBuffer: 0
+        reuseItems: true
+        boundsBehavior: Flickable.StopAtBounds
+        keyNavigationEnabled: false
+        layoutDirection: grid.isMirrored ? Qt.RightToLeft : Qt.LeftToRight
+        highlightMoveDuration: Theme.hoverDuration
+        Accessible.role: Accessible.List
+        Accessible.name: qsTr("Apps")
+        ScrollBar.vertical: CompanionScrollBar {
+            parent: root
+            anchors.top: parent.top
+            anchors.right: parent.right
+            anchors.bottom: parent.bottom
+        }
+
+        function goTo(row: int) {
+            if (grid.count > 0)
+                grid.currentIndex = Math.max(0, Math.min(row, grid.count - 1));
+        }
+        function goByLines(lines: int) {
+            const line = Math.floor(grid.currentIndex / grid.columns);
+            const wanted = Math.max(0, Math.min(line + lines, grid.lastLine));
+            grid.goTo(grid.currentIndex + (wanted - line) * grid.columns);
+        }
+        function goUp() {
+            if (grid.currentIndex < grid.columns)
+                root.left();
+            else
+                grid.goByLines(-1);
+        }
+
+        Keys.onPressed: event => {
+            if (event.key === Qt.Key_Space)
+                root.toggle(grid.currentIndex);
+            else if (event.key === Qt.Key_Left)
+                grid.goTo(grid.currentIndex + (grid.isMirrored ? 1 : -1));
+            else if (event.key === Qt.Key_Right)
+                grid.goTo(grid.currentIndex + (grid.isMirrored ? -1 : 1));
+            else if (event.key === Qt.Key_Up)
+                grid.goUp();
+            else if (event.key === Qt.Key_Down)
+                grid.goByLines(1);
+            else if (event.key === Qt.Key_Home)
+                grid.goTo(0);
+            else if (event.key === Qt.Key_End)
+                grid.goTo(grid.count - 1);
+            else if (event.key === Qt.Key_PageUp)
+                grid.goByLines(-grid.linesPerPage);
+            else if (event.key === Qt.Key_PageDown)
+                grid.goByLines(grid.linesPerPage);
+            else if (root.typesText(event))
+                root.typed(event.text);
+            else
+                return;
+            event.accepted = true;
+        }
+
+        WheelScrolling {
+            target: grid
+        }
+
+        delegate: AppPickerCell {
+            required property int index
+
+            width: grid.cellWidth
+            height: grid.cellHeight
+            isHovered: root.hoveredRow === index
+            hasFocusRing: GridView.isCurrentItem && grid.activeFocus && InputModality.isKeyboard
+            onToggled: root.picker.toggle(index)
+        }
+    }
+}
