@@ -1,9 +1,11 @@
+#include "platform/appearance.h"
 #include "platform/platform.h"
 #include "store/companionengine.h"
 #include "system/installedapplications.h"
 #include "ui/companionviewmodel.h"
 #include "ui/imageproviders.h"
 #include "ui/picturestore.h"
+#include "ui/systemappearance.h"
 #include "ui/systempanels.h"
 
 #include <QCommandLineParser>
@@ -57,6 +59,7 @@ int main(int argc, char *argv[])
     SystemPanels panels(platform);
     QQmlApplicationEngine engine;
     addImageProviders(engine, *platform.workspace, pictures);
+    setAppearance(engine, *platform.appearance);
     engine.setInitialProperties({{QStringLiteral("model"), QVariant::fromValue(&viewModel)},
                                  {QStringLiteral("panels"), QVariant::fromValue(&panels)}});
     engine.addImportPath(QStringLiteral(":/qt/qml"));

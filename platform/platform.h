@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 
+class Appearance;
 class Bookmarks;
 class Clock;
 class ColorPanel;
@@ -38,6 +39,7 @@ struct Platform {
     std::unique_ptr<MainBundle> mainBundle;
     std::unique_ptr<Clock> clock;
     std::unique_ptr<URLFetcher> network;
+    std::unique_ptr<Appearance> appearance;
     // Where the system has none, the window brings its own.
     std::unique_ptr<ColorPanel> colorPanel;
     std::unique_ptr<OpenPanel> openPanel;

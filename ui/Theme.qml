@@ -1,19 +1,19 @@
 pragma Singleton
 
 import QtQuick
+import Nestlet.Companion
 
 /// Every colour, font, size and duration of the window, as named roles. Follows the system's light or
 /// dark appearance.
 QtObject {
     id: root
 
-    readonly property SystemPalette palette: SystemPalette {}
-    readonly property bool isDark: root.palette.window.hslLightness < 0.5
-    readonly property bool reducesMotion: false
+    readonly property bool isDark: SystemAppearance.isDark
+    readonly property bool reducesMotion: SystemAppearance.reducesMotion
 
     // Colours
 
-    readonly property color accent: root.isDark ? "#0A84FF" : "#007AFF"
+    readonly property color accent: SystemAppearance.accent
     readonly property color blue: root.isDark ? "#0A84FF" : "#007AFF"
     readonly property color green: root.isDark ? "#30D158" : "#34C759"
     readonly property color orange: root.isDark ? "#FF9F0A" : "#FF9500"

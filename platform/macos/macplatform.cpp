@@ -1,5 +1,6 @@
 #include "platform/platform.h"
 
+#include "platform/macos/macappearance.h"
 #include "platform/macos/macbookmarks.h"
 #include "platform/macos/maccolorpanel.h"
 #include "platform/macos/macdirectories.h"
@@ -29,6 +30,7 @@ Platform makePlatform()
     platform.mainBundle = std::make_unique<MacMainBundle>();
     platform.clock = std::make_unique<QtClock>();
     platform.network = std::make_unique<QtURLFetcher>();
+    platform.appearance = std::make_unique<MacAppearance>();
     platform.colorPanel = std::make_unique<MacColorPanel>();
     platform.openPanel = std::make_unique<MacOpenPanel>();
     return platform;

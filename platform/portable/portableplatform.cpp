@@ -1,6 +1,7 @@
 #include "platform/platform.h"
 
 #include "platform/portable/environment.h"
+#include "platform/portable/portableappearance.h"
 #include "platform/portable/portablebookmarks.h"
 #include "platform/portable/portabledirectories.h"
 #include "platform/portable/portabledirectorywatcher.h"
@@ -10,6 +11,7 @@
 #include "platform/portable/portableuserdefaults.h"
 #include "platform/portable/portableworkspace.h"
 #include "platform/posix/posixfilesystem.h"
+#include "platform/qt/paletteappearance.h"
 #include "platform/qt/qtclock.h"
 #include "platform/qt/qturlfetcher.h"
 
@@ -17,9 +19,14 @@
 
 namespace {
 
+FileURL preferences(const Directories &directories)
+{
+    return directories.system(QStringLiteral("/Users/me/Library/Preferences/"));
+}
+
 FileURL preferencesFile(const Directories &directories, const QString &domain)
 {
-    return directories.system(QStringLiteral("/Users/me/Library/Preferences/%1.plist").arg(domain));
+    return preferences(directories).appendingFile(domain + QStringLiteral(".plist"));
 }
 
 } // namespace
@@ -43,6 +50,8 @@ Platform makePlatform()
         = std::make_unique<PortableMainBundle>(QCoreApplication::applicationDirPath());
     platform.clock = std::make_unique<QtClock>();
     platform.network = std::make_unique<QtURLFetcher>();
+    platform.appearance = std::make_unique<PortableAppearance>(
+        preferences(*platform.directories), std::make_unique<PaletteAppearance>());
     if (qEnvironmentVariableIsSet(feedVariable))
         platform.updateFeed = QUrl(qEnvironmentVariable(feedVariable));
     return platform;

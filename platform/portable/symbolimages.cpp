@@ -107,7 +107,7 @@ qreal sharpness(const QImage &image)
 // the symbol is moved by that much.
 QPointF sharpestOffset(Drawing drawing)
 {
-    constexpr qreal worthwhile = 1.08;
+    constexpr qreal worthwhile = 1.03;
     drawing.look.color = Qt::black;
     drawing.hasLayers = false;
     QPointF best;

@@ -57,12 +57,18 @@ extern const NSFontWeight NSFontWeightUltraLight, NSFontWeightThin, NSFontWeight
 - (NSImage *)imageWithSymbolConfiguration:(NSImageSymbolConfiguration *)configuration;
 @end
 
-@interface NSColorSpace (MacAdditions)
-+ (NSColorSpace *)sRGBColorSpace;
+extern NSString *const NSWorkspaceAccessibilityDisplayOptionsDidChangeNotification;
+
+@interface NSAppearance (MacAdditions)
+- (void)performAsCurrentDrawingAppearance:(void (^)(void))block;
 @end
 
-@interface NSOpenPanel (MacAdditions)
-- (void)setAllowedContentTypes:(NSArray *)contentTypes;
+@interface NSApplication (MacAdditions)
+- (NSAppearance *)effectiveAppearance;
+@end
+
+@interface NSColor (MacAdditions)
++ (NSColor *)controlAccentColor;
 @end
 
 @interface NSColorSpace (MacAdditions)
@@ -80,6 +86,7 @@ extern const NSFontWeight NSFontWeightUltraLight, NSFontWeightThin, NSFontWeight
 
 @interface NSWorkspace (MacAdditions)
 - (NSURL *)URLForApplicationWithBundleIdentifier:(NSString *)bundleIdentifier;
+- (BOOL)accessibilityDisplayShouldReduceMotion;
 - (void)activateFileViewerSelectingURLs:(NSArray *)fileURLs;
 - (void)openApplicationAtURL:(NSURL *)applicationURL
                configuration:(NSWorkspaceOpenConfiguration *)configuration

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "platform/appearance.h"
+
+/// Looks as the test says.
+struct FakeAppearance final : Appearance {
+    Settings current{};
+    std::function<void()> changed{};
+
+    /// The user chose other settings.
+    void change(const Settings &next)
+    {
+        current = next;
+        if (changed)
+            changed();
+    }
+
+    [[nodiscard]] Settings settings() const override { return current; }
+    void observe(std::function<void()> observer) override { changed = std::move(observer); }
+};
