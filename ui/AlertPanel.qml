@@ -1,5 +1,3 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import QtQuick.Controls.Basic
 import QtQuick.Templates as T
@@ -13,6 +11,7 @@ Dialog {
     property string actionText
     property string dismissText
     readonly property bool hasAction: root.actionText !== ""
+    property bool isConfirmed: false
     signal acted
 
     anchors.centerIn: T.Overlay.overlay
@@ -20,6 +19,11 @@ Dialog {
     modal: true
     padding: 16
     closePolicy: Popup.CloseOnEscape
+    // Before it is closed: whoever made the alert drops it then.
+    onAboutToHide: {
+        if (root.isConfirmed)
+            root.acted();
+    }
     onOpened: dismissButton.forceActiveFocus(Qt.PopupFocusReason)
 
     header: null
@@ -29,46 +33,53 @@ Dialog {
         color: Theme.dimming
     }
 
-    background: Rectangle {
-        radius: Theme.cardRadius
-        color: Theme.isDark ? "#323234" : "#F6F6F6"
-        border.width: 1
-        border.color: Theme.separator
+    background: Item { // qmllint disable deferred-property-id
+        SheetShadow {}
+
+        Rectangle {
+            anchors.fill: parent
+            radius: Theme.sheetRadius
+            color: Theme.sheet
+            border.width: 1
+            border.color: Theme.separator
+        }
     }
 
     contentItem: Column { // qmllint disable deferred-property-id
         spacing: 8
 
-        Text {
+        Symbol {
+            anchors.horizontalCenter: parent.horizontalCenter
+            name: "exclamationmark.triangle.fill"
+            size: 36
+            color: Theme.orange
+        }
+
+        CompanionText {
             width: parent.width
             text: root.title
-            font.family: Theme.fontFamily
-            font.pixelSize: Theme.bodySize
-            font.bold: true
-            color: Theme.primary
+            font: Theme.headline
             wrapMode: Text.Wrap
             horizontalAlignment: Text.AlignHCenter
+            Accessible.ignored: false
             Accessible.role: Accessible.StaticText
             Accessible.name: root.title
         }
 
-        Flickable {
+        ScrollArea {
             width: parent.width
             height: Math.min(contentHeight, 320)
             contentHeight: messageText.height
-            clip: true
-            boundsBehavior: Flickable.StopAtBounds
 
-            Text {
+            CompanionText {
                 id: messageText
                 width: parent.width
                 text: root.message
-                textFormat: Text.PlainText
-                font.family: Theme.fontFamily
-                font.pixelSize: Theme.subheadlineSize
-                color: Theme.primary
+                font: Theme.subheadline
+                elide: Text.ElideNone
                 wrapMode: Text.Wrap
                 horizontalAlignment: Text.AlignHCenter
+                Accessible.ignored: false
                 Accessible.role: Accessible.StaticText
                 Accessible.name: root.message
             }
@@ -85,8 +96,8 @@ Dialog {
             text: root.actionText
             isDestructive: true
             onClicked: {
+                root.isConfirmed = true;
                 root.close();
-                root.acted();
             }
         }
 

@@ -6,10 +6,11 @@ Menu {
     id: root
 
     padding: 5
-    Accessible.role: Accessible.PopupMenu
 
     background: Item { // qmllint disable deferred-property-id
         implicitWidth: 210
+
+        SheetShadow {}
 
         Rectangle {
             anchors.fill: parent

@@ -1,5 +1,6 @@
 import QtQuick
 import QtQuick.Controls.Basic
+import QtQuick.Templates as T
 import Nestlet.Companion
 
 /// The window: strips over the sidebar and the detail of what is selected there, and the dialogs over
@@ -11,6 +12,7 @@ ApplicationWindow {
     /// Null: there is no way to choose a picture, and no colour panel but the window's own.
     property SystemPanels panels: null
     property bool isConfirmingReset: false
+    property bool hasStyledToolTip: false
 
     title: qsTr("Nestlet Companion")
     width: 1060
@@ -21,13 +23,44 @@ ApplicationWindow {
     color: Theme.content
     background: CompanionWindowBackground {}
     font: Theme.body
-    palette.toolTipBase: Theme.menu
-    palette.toolTipText: Theme.primary
     palette.window: Theme.window
     palette.windowText: Theme.primary
     palette.text: Theme.primary
     palette.highlight: Theme.accentFill
     palette.highlightedText: Theme.accentText
+
+    // All controls share one tooltip, which is there only once a control has asked for it.
+    Component {
+        id: toolTipGround
+
+        Rectangle {
+            radius: 4
+            color: Theme.menu
+            border.width: 1
+            border.color: Theme.menuBorder
+        }
+    }
+    Component {
+        id: toolTipText
+
+        CompanionText {
+            font: Theme.subheadline
+            wrapMode: Text.Wrap
+        }
+    }
+    function styleToolTip(toolTip: T.ToolTip) {
+        const text = toolTipText.createObject(root.contentItem) as CompanionText;
+        text.text = Qt.binding(() => toolTip.text);
+        toolTip.contentItem = text;
+        toolTip.background = toolTipGround.createObject(root.contentItem) as Item;
+        toolTip.padding = 6;
+    }
+    onFrameSwapped: {
+        if (!root.hasStyledToolTip) {
+            root.hasStyledToolTip = true;
+            root.styleToolTip(strips.ToolTip.toolTip);
+        }
+    }
 
     Shortcut {
         sequence: "Ctrl+N" // Command-N on a Mac

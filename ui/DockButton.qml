@@ -7,6 +7,7 @@ Button {
 
     required property bool isInstalled
     required property bool isBusy
+    property bool hadFocus: false
 
     text: root.isBusy ? (root.isInstalled ? qsTr("Updating Dock…") : qsTr("Adding to Dock…"))
                       : (root.isInstalled ? qsTr("Update Dock") : qsTr("Show in Dock"))
@@ -17,6 +18,15 @@ Button {
     font: Theme.bodyMedium
     Accessible.role: Accessible.Button
     Accessible.name: root.text
+    // A disabled control loses the focus: it gets it back, unless it has gone elsewhere meanwhile.
+    onIsBusyChanged: {
+        if (root.isBusy)
+            root.hadFocus = root.activeFocus;
+        root.enabled = !root.isBusy;
+        if (root.enabled && root.hadFocus && root.Window.activeFocusItem === root.Window.contentItem)
+            root.forceActiveFocus(Qt.OtherFocusReason);
+    }
+    Component.onCompleted: root.enabled = !root.isBusy
     Keys.onReturnPressed: root.clicked()
     Keys.onEnterPressed: root.clicked()
 
@@ -52,8 +62,8 @@ Button {
     }
 
     background: DockButtonStyle {
-        isPressed: root.down && !root.isBusy
-        isHovered: root.hovered && !root.isBusy
+        isPressed: root.down
+        isHovered: root.hovered
         hasFocusRing: root.visualFocus
     }
 }

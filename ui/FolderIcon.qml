@@ -58,12 +58,12 @@ Rectangle {
 
         sourceComponent: ItemIconGrid {
             anchors.fill: parent
-            anchors.margins: root.size * 0.14
+            anchors.margins: root.size * 0.12
             folderID: root.folderID
             urls: root.previewURLs
             rows: root.previewColumns
             columns: root.previewColumns
-            spacing: root.size * 0.05
+            spacing: root.size * 0.03
         }
     }
 

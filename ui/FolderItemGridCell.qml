@@ -15,6 +15,8 @@ Item {
     required property bool isDragging
     required property bool showsFocusRing
     readonly property bool isHovered: hover.hovered
+    /// What goes with the pointer when the cell is dragged.
+    readonly property alias picture: content
     signal removeRequested
     signal pressed
     signal dragStarted
@@ -62,23 +64,28 @@ Item {
         controlRadius: Theme.cellRadius
     }
 
-    FileIcon {
-        id: icon
-        anchors.horizontalCenter: parent.horizontalCenter
-        y: 6
-        url: root.url
-        size: 56
-    }
+    Item {
+        id: content
+        anchors.fill: parent
 
-    CompanionText {
-        anchors.horizontalCenter: parent.horizontalCenter
-        anchors.top: icon.bottom
-        anchors.topMargin: 6
-        width: Math.min(implicitWidth, 84)
-        text: root.name
-        font: Theme.subheadline
-        elide: Text.ElideMiddle
-        horizontalAlignment: Text.AlignHCenter
+        FileIcon {
+            id: icon
+            anchors.horizontalCenter: parent.horizontalCenter
+            y: 6
+            url: root.url
+            size: 56
+        }
+
+        CompanionText {
+            anchors.horizontalCenter: parent.horizontalCenter
+            anchors.top: icon.bottom
+            anchors.topMargin: 6
+            width: Math.min(implicitWidth, 88)
+            text: root.name
+            font: Theme.subheadline
+            elide: Text.ElideMiddle
+            horizontalAlignment: Text.AlignHCenter
+        }
     }
 
     HoverHandler {

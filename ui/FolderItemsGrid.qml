@@ -36,9 +36,9 @@ Item {
                                                           / (root.leastColumnWidth + root.spacing)))
     readonly property int rowHeight: 92 + root.spacing
 
-    implicitHeight: root.isEmpty ? emptyState.height
-                                 : Math.ceil(grid.count / root.columns) * root.rowHeight - root.spacing
-                                   + 2 * root.inset
+    readonly property int rowsHeight: Math.ceil(grid.count / root.columns) * root.rowHeight
+
+    implicitHeight: root.isEmpty ? emptyState.height : root.rowsHeight - root.spacing + 2 * root.inset
 
     function moveCurrent(event: var, step: int) {
         const target = Math.max(0, Math.min(grid.count - 1, grid.currentIndex + step));
@@ -127,9 +127,9 @@ Item {
         id: grid
         objectName: "itemGrid"
         x: root.inset
-        y: Math.max(0, Math.min(root.viewportTop, root.implicitHeight - height))
+        y: root.inset + Math.max(0, Math.min(root.viewportTop - root.inset, root.rowsHeight - height))
         width: root.columns * cellWidth
-        height: Math.min(root.viewportHeight, root.implicitHeight)
+        height: Math.min(root.viewportHeight, root.rowsHeight)
         contentY: y - root.inset
         cellWidth: Math.floor((root.width - 2 * root.inset + root.spacing) / root.columns)
         cellHeight: root.rowHeight
@@ -137,7 +137,7 @@ Item {
         interactive: false
         highlightFollowsCurrentItem: false
         keyNavigationEnabled: false
-        activeFocusOnTab: grid.count > 0
+        activeFocusOnTab: true
         model: root.items
         Accessible.role: Accessible.List
         Accessible.name: qsTr("Items")
@@ -233,7 +233,7 @@ Item {
                     grid.forceActiveFocus(Qt.MouseFocusReason);
                 }
                 onRemoveRequested: root.removeRequested(slot.itemID)
-                onDragStarted: dragSource.start(slot.itemID, this)
+                onDragStarted: dragSource.begin(slot.itemID, this)
             }
 
             ItemDropTarget {
@@ -253,29 +253,16 @@ Item {
     }
 
     // Outlives the cells, which come and go while an item is dragged about.
-    Item {
+    ItemDragSource {
         id: dragSource
 
-        property var picture: null
-
-        function start(itemID: string, cell: Item) {
-            cell.grabToImage(result => {
-                dragSource.picture = result;
-                dragSource.Drag.imageSource = result.url;
-                dragSource.Drag.mimeData = {
-                    "text/plain": itemID
-                };
+        function begin(itemID: string, cell: FolderItemGridCell) {
+            cell.picture.grabToImage(result => {
                 root.draggedItemID = itemID;
-                dragSource.Drag.startDrag();
+                dragSource.start(itemID, result.image, Screen.devicePixelRatio, Qt.point(cell.width / 2, 34));
             });
         }
 
-        Drag.dragType: Drag.Automatic
-        Drag.supportedActions: Qt.CopyAction | Qt.MoveAction
-        Drag.hotSpot: Qt.point(48, 40)
-        Drag.onDragFinished: {
-            root.draggedItemID = "";
-            dragSource.picture = null;
-        }
+        onEnded: root.draggedItemID = ""
     }
 }

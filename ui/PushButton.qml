@@ -25,7 +25,7 @@ Button {
     Keys.onEnterPressed: root.clicked()
 
     contentItem: Item { // qmllint disable deferred-property-id
-        implicitWidth: row.implicitWidth
+        implicitWidth: label.implicitWidth + (sign.active ? sign.width + row.spacing : 0)
         opacity: root.enabled ? 1 : 0.4
 
         Row {
@@ -34,6 +34,7 @@ Button {
             spacing: 6
 
             Loader {
+                id: sign
                 anchors.verticalCenter: parent.verticalCenter
                 active: root.symbol !== ""
                 visible: root.symbol !== ""
@@ -46,8 +47,9 @@ Button {
             }
 
             CompanionText {
+                id: label
                 anchors.verticalCenter: parent.verticalCenter
-                width: Math.min(implicitWidth, root.availableWidth)
+                width: Math.min(implicitWidth, root.availableWidth - (sign.active ? sign.width + row.spacing : 0))
                 text: root.text
                 font: root.font
                 color: root.ink

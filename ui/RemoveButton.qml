@@ -34,8 +34,8 @@ Item {
                 name: "xmark.circle.fill"
                 size: 16
                 weight: Font.Medium
-                color: Theme.badge
-                secondaryColor: Theme.onIcon
+                color: Theme.onIcon
+                secondaryColor: Theme.badge
                 opacity: tap.pressed ? 0.7 : 1
             }
         }

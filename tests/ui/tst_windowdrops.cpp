@@ -83,7 +83,7 @@ void WindowDropsTest::aDropOnTheItemsAddsToo()
 {
     m_window->click(m_window->row(m_b.name));
     IncomingDrag drag(*m_window->window, "file:///tmp/x");
-    const QPoint items = WindowFixture::centre(m_window->named("itemList"));
+    const QPoint items = WindowFixture::centre(m_window->named("itemGrid"));
     QVERIFY(drag.enter(items));
     drag.drop(items);
     QTRY_COMPARE(itemsOf(m_b), (QStringList{QStringLiteral("b"), QStringLiteral("x")}));
@@ -95,6 +95,7 @@ void WindowDropsTest::theAppStoreFolderTakesNoDrops()
     m_window->installNestlet();
     m_window->store->refreshPresence();
     QTRY_VERIFY(m_window->row(QStringLiteral("Nestlet")));
+    QTRY_COMPARE(m_window->row(m_a.name)->y(), m_window->row(m_a.name)->height()); // has made room
     IncomingDrag drag(*m_window->window, "file:///tmp/x");
     QVERIFY(!drag.enter(rowCentre(QStringLiteral("Nestlet"))));
     QCOMPARE(m_window->caption(QStringLiteral("Nestlet")),
@@ -107,7 +108,7 @@ void WindowDropsTest::aLockedFolderTakesNoDrops()
     CompanionStoreTestAccess::lock(*m_window->store, m_a.id);
     IncomingDrag drag(*m_window->window, "file:///tmp/x");
     QVERIFY(!drag.enter(rowCentre(m_a.name)));
-    QVERIFY(!drag.move(WindowFixture::centre(m_window->named("itemList"))));
+    QVERIFY(!drag.move(WindowFixture::centre(m_window->named("itemGrid"))));
 }
 
 QTEST_MAIN(WindowDropsTest)

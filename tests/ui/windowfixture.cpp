@@ -1,5 +1,7 @@
 #include "tests/ui/windowfixture.h"
 
+#include "ui/imageproviders.h"
+
 #include <functional>
 
 extern void qml_register_types_Nestlet_Companion(); // NOLINT(readability-identifier-naming)
@@ -56,7 +58,10 @@ bool WindowFixture::open(const QList<DockFolder> &folders)
     writeLibrary(folders);
     store->start();
     finishEverything();
-    model = std::make_unique<CompanionViewModel>(*store);
+    // The fake notes calls for the main thread only.
+    model = std::make_unique<CompanionViewModel>(
+        *store, pictures, [this] { return scanInstalledApplications(files.files, directories); });
+    addImageProviders(engine, workspace, pictures);
     engine.addImportPath(QStringLiteral(":/qt/qml"));
     engine.setInitialProperties({{QStringLiteral("model"), QVariant::fromValue(model.get())}});
     engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Nestlet/Companion/CompanionView.qml")));
@@ -84,7 +89,7 @@ QQuickItem *WindowFixture::named(const char *objectName) const
 // Lists make and place their rows when the next frame is due.
 void WindowFixture::placeRows() const
 {
-    for (const char *list : {"folderList", "itemList"}) {
+    for (const char *list : {"folderList", "itemGrid"}) {
         if (QQuickItem *found = named(list))
             found->ensurePolished();
     }
@@ -126,7 +131,7 @@ QStringList WindowFixture::rowNames() const
     placeRows();
     QList<std::pair<qreal, QString>> rows;
     findItem(named("folderList"), [&](QQuickItem *item) {
-        if (item->property("folderID").isValid() && item->isVisible())
+        if (item->property("caption").isValid() && !item->property("isPooled").toBool())
             rows.append({item->y(), item->property("name").toString()});
         return false;
     });

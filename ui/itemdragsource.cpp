@@ -1,0 +1,31 @@
+#include "ui/itemdragsource.h"
+
+#include <QDrag>
+#include <QMimeData>
+#include <QPixmap>
+#include <QPointer>
+#include <QQuickWindow>
+
+void ItemDragSource::start(const QString &itemID, const QImage &picture, qreal pixelRatio,
+                           const QPoint &hotSpot)
+{
+    QImage image = picture;
+    image.setDevicePixelRatio(pixelRatio);
+    // A drag runs events until it ends: not amid the handling of one.
+    QMetaObject::invokeMethod(
+        this, [=, this] { drag(itemID, image, hotSpot); }, Qt::QueuedConnection);
+}
+
+void ItemDragSource::drag(const QString &itemID, const QImage &picture, const QPoint &hotSpot)
+{
+    const QPointer<ItemDragSource> self(this);
+    auto *const content = new QMimeData;
+    content->setText(itemID);
+    auto *const drag = new QDrag(window());
+    drag->setMimeData(content);
+    drag->setPixmap(QPixmap::fromImage(picture));
+    drag->setHotSpot(hotSpot);
+    drag->exec(Qt::CopyAction | Qt::MoveAction, Qt::MoveAction);
+    if (self) // the window may have been closed meanwhile
+        Q_EMIT ended();
+}
