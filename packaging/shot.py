@@ -1,6 +1,8 @@
 """The scene of shot.sh, played with the hands and eyes of the window's test."""
 
+import argparse
 import json
+import plistlib
 import subprocess
 import sys
 import time
@@ -48,15 +50,21 @@ def fill_library(mac):
         json.dumps({"folders": folders, "selectedFolderID": folders[0]["id"]}))
 
 
-def paint_background(display, folder):
+def make_dark(mac):
+    preferences = mac.root / "Users/me/Library/Preferences/.GlobalPreferences.plist"
+    preferences.parent.mkdir(parents=True, exist_ok=True)
+    preferences.write_bytes(plistlib.dumps({"AppleInterfaceStyle": "Dark"}))
+
+
+def paint_background(display, folder, is_dark):
     picture = folder / "background.png"
-    subprocess.run(["convert", "-size", "1440x1000", "gradient:#7fa3c7-#e9d9cf", picture],
-                   check=True)
+    gradient = "gradient:#1d2b3a-#4a3f45" if is_dark else "gradient:#7fa3c7-#e9d9cf"
+    subprocess.run(["convert", "-size", "1440x1000", gradient, picture], check=True)
     # It reports a failure also when it succeeded.
     subprocess.run(["display", "-window", "root", picture], env=display.environment, check=False)
 
 
-def play(display, mac, file):
+def play(display, mac, file, is_dark):
     from accessibility import Program  # only now is there a bus to speak on
 
     folder = mac.root.parent
@@ -64,7 +72,9 @@ def play(display, mac, file):
     log.touch()
     environment = mac.environment | {"NESTLET_STANDIN_LOG": str(log)}
     fill_library(mac)
-    paint_background(display, folder)
+    if is_dark:
+        make_dark(mac)
+    paint_background(display, folder, is_dark)
     display.start(str(BUILD / "bin/sandbox-dock"), str(mac.root), environment=environment)
     companion = display.start(str(BUILD / "bin/nestlet-companion"), environment=environment,
                               stdout=None, stderr=None)
@@ -83,13 +93,17 @@ def play(display, mac, file):
 
 
 def main():
-    file = Path(sys.argv[1]).resolve()
+    parser = argparse.ArgumentParser()
+    parser.add_argument("file")
+    parser.add_argument("--dark", action="store_true")
+    arguments = parser.parse_args()
+    file = Path(arguments.file).resolve()
     display = Display()
     try:
         display.open()
         mac = StandInMac(display)
         try:
-            play(display, mac, file)
+            play(display, mac, file, arguments.dark)
         finally:
             display.end(mac.environment)
             mac.close()

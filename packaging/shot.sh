@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
-# shot.sh BUILD FILE.png: plays the whole scene (stand-in Dock, companion, a Dock app's panel) on a
+# shot.sh BUILD FILE.png [--dark]: plays the whole scene (stand-in Dock, companion, a Dock app's panel) on a
 # display and a session bus of its own and saves a picture of it.
 set -euo pipefail
 COMPANION_BINARY_DIR=${1:?which build folder?}
 export COMPANION_BINARY_DIR
+shift
 # The system's own Python: it has the bindings to the accessibility bus.
-exec /usr/bin/python3 -B "$(dirname "${BASH_SOURCE[0]}")/shot.py" "${2:?which file?}"
+exec /usr/bin/python3 -B "$(dirname "${BASH_SOURCE[0]}")/shot.py" "${@:?which file?}"
