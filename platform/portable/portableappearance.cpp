@@ -4,6 +4,8 @@
 #include "platform/posix/posixfilesystem.h"
 #include "platform/propertylist.h"
 
+#include <algorithm>
+#include <array>
 #include <utility>
 
 namespace {
@@ -25,7 +27,7 @@ std::optional<QColor> accentColor(const QVariant &number, bool isDark)
         QRgb light;
         QRgb dark;
     };
-    constexpr Accent accents[] = {
+    constexpr auto accents = std::to_array<Accent>({
         {-1, 0x8E8E93, 0x98989D}, // graphite
         {0, 0xFF3B30, 0xFF453A}, // red
         {1, 0xFF9500, 0xFF9F0A}, // orange
@@ -34,11 +36,11 @@ std::optional<QColor> accentColor(const QVariant &number, bool isDark)
         {4, 0x007AFF, 0x0A84FF}, // blue
         {5, 0xAF52DE, 0xBF5AF2}, // purple
         {6, 0xFF2D55, 0xFF375F}, // pink
-    };
+    });
     if (number.typeId() != QMetaType::LongLong)
         return std::nullopt;
     const auto *const found = std::ranges::find(accents, number.toLongLong(), &Accent::number);
-    if (found == std::end(accents))
+    if (found == accents.end())
         return std::nullopt;
     return QColor(isDark ? found->dark : found->light);
 }

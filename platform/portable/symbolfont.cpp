@@ -4,6 +4,7 @@
 #include <QtEndian>
 
 #include <algorithm>
+#include <array>
 
 namespace {
 
@@ -12,14 +13,14 @@ constexpr qreal unitsPerEm = 512;
 
 // The glyphs that the table of names knows by number alone, as far as they are symbols.
 constexpr quint16 firstOwnName = 258;
-constexpr std::pair<quint16, const char *> commonNames[]
-    = {{8, "percent"}, {14, "plus"}, {16, "minus"}, {32, "equal"}, {35, "at"}, {171, "ellipsis"}};
+using CommonName = std::pair<quint16, const char *>;
+constexpr auto commonNames = std::to_array<CommonName>(
+    {{8, "percent"}, {14, "plus"}, {16, "minus"}, {32, "equal"}, {35, "at"}, {171, "ellipsis"}});
 
 QByteArray commonName(quint16 number)
 {
-    const auto *const found
-        = std::ranges::find(commonNames, number, &std::pair<quint16, const char *>::first);
-    return found == std::end(commonNames) ? QByteArray() : QByteArray(found->second);
+    const auto *const found = std::ranges::find(commonNames, number, &CommonName::first);
+    return found == commonNames.end() ? QByteArray() : QByteArray(found->second);
 }
 
 quint16 numberAt(const QByteArray &bytes, qsizetype position)
