@@ -73,7 +73,7 @@ Rectangle {
         active: root.pictureSource !== "" && !root.isPictureBroken
 
         sourceComponent: Image {
-            source: root.pictureSource
+            source: root.pictureSource + "/" + root.radius / root.size // round as the ground is
             sourceSize: Qt.size(root.size, root.size)
             asynchronous: true
             onStatusChanged: {

@@ -8,6 +8,7 @@
 namespace {
 
 constexpr float emptyCellOpacity = 0.15F;
+constexpr int iconInset = 16; // most icons keep a sixteenth of their side free around them
 constexpr double cornerShare = 0.22; // of a square's side
 
 void drawSquare(QPainter &painter, const QRectF &square, const QColor &color)
@@ -70,11 +71,13 @@ QImage drawnIconGrid(const IconGrid &grid, const QList<QImage> &icons)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     const QColor faint = QColor::fromRgbF(1, 1, 1, emptyCellOpacity);
+    const int inset = grid.cellSide() / iconInset;
+    const QMargins margins(inset, inset, inset, inset);
     const QList<QRect> cells = grid.cells();
     for (qsizetype index = 0; index < cells.size(); ++index) {
         const QImage icon = icons.value(index);
         if (icon.isNull())
-            drawSquare(painter, cells.at(index), faint);
+            drawSquare(painter, cells.at(index).marginsRemoved(margins), faint);
         else
             painter.drawImage(cells.at(index), icon);
     }
@@ -88,7 +91,7 @@ QImage drawnIconPlaceholder(int side, const QColor &color)
         return image;
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
-    const double inset = side / 16.0; // as most icons have it
+    const double inset = double(side) / iconInset;
     drawSquare(painter, QRectF(image.rect()).adjusted(inset, inset, -inset, -inset), color);
     return image;
 }

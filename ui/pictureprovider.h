@@ -5,7 +5,8 @@
 
 class PictureStore;
 
-/// "image://picture/…": the pictures of a PictureStore, decoded off the main thread.
+/// "image://picture/…": the pictures of a PictureStore, decoded off the main thread, and cut to a
+/// rounded square when the source ends in a radius.
 class PictureProvider final : public QQuickAsyncImageProvider {
     Q_OBJECT
 
@@ -27,3 +28,6 @@ private:
 /// The picture that an image file's bytes hold, upright, scaled down, in its proportions, so that
 /// it just covers `size`; as large as it is when `size` is empty. Null when it cannot be decoded.
 [[nodiscard]] QImage decodedPicture(const QByteArray &bytes, const QSize &size);
+
+/// The middle square of a picture, with round corners: their radius as a share of the side.
+[[nodiscard]] QImage roundedPicture(const QImage &picture, double radiusShare);

@@ -48,7 +48,7 @@ QQuickTextureFactory *PictureResponse::textureFactory() const
 QString PictureResponse::errorString() const
 {
     const QMutexLocker lock(&m_shared->mutex);
-    return m_shared->image.isNull() ? QStringLiteral("No picture") : QString();
+    return m_shared->image.isNull() ? QStringLiteral("The picture cannot be decoded") : QString();
 }
 
 void PictureResponse::cancel()

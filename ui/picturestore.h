@@ -16,8 +16,9 @@ class PictureStore {
 public:
     /// The source for an Image that shows the folder's picture; empty when it has none. It stays
     /// the same while the picture does, and no other picture ever has it. Cheap: to be called for
-    /// each folder whenever the folders change. Give the Image a `sourceSize`, in window units. A
-    /// picture that cannot be decoded ends in Image.Error, without a warning.
+    /// each folder whenever the folders change. Give the Image a `sourceSize`, in window units. "/"
+    /// and a share of the side behind the source round the picture's corners. One that cannot be
+    /// decoded ends in Image.Error.
     [[nodiscard]] QString pictureSource(const DockFolder &folder);
     /// Lets go of the pictures of all folders but these: to be called when folders may have gone.
     void keepOnly(const QList<DockFolder> &folders);

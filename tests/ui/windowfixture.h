@@ -2,6 +2,7 @@
 
 #include "tests/store/storefixture.h"
 #include "ui/companionviewmodel.h"
+#include "ui/picturestore.h"
 
 #include <QAccessible>
 #include <QQmlApplicationEngine>
@@ -38,6 +39,7 @@ struct WindowFixture : StoreFixture {
     void rename(const QString &text) const;
     [[nodiscard]] bool isOpen(const char *dialog) const;
 
+    PictureStore pictures;
     std::unique_ptr<CompanionViewModel> model;
     QQmlApplicationEngine engine;
     QQuickWindow *window = nullptr;

@@ -1,0 +1,269 @@
+#include "model/dockfolder.h"
+#include "model/uuidtext.h"
+#include "ui/imageproviders.h"
+#include "ui/pictureprovider.h"
+#include "ui/picturestore.h"
+
+#include "tests/fakes/fakeworkspace.h"
+
+#include <QBuffer>
+#include <QPainter>
+#include <QQmlComponent>
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QTest>
+
+namespace {
+
+QByteArray pngOf(const QImage &image)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    image.save(&buffer, "PNG");
+    return bytes;
+}
+
+QByteArray picture(const QColor &color, const QSize &size = {256, 256})
+{
+    QImage image(size, QImage::Format_ARGB32_Premultiplied);
+    image.fill(color);
+    return pngOf(image);
+}
+
+DockFolder folderWith(const QByteArray &bytes)
+{
+    return {.id = QUuid::createUuid(), .customIconData = bytes};
+}
+
+QString idOf(const QString &source)
+{
+    return source.mid(QStringLiteral("image://picture/").size());
+}
+
+constexpr auto imageQML = R"(
+    import QtQuick
+    Image { width: 36; height: 36; sourceSize: Qt.size(36, 36); asynchronous: true }
+)";
+
+} // namespace
+
+class PictureStoreTest final : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void aFolderWithoutPictureHasNoSource();
+    void theSourceStaysWhileThePictureDoes();
+    void anotherPictureHasASourceOfItsOwn();
+    void picturesOfFoldersThatAreGoneAreLetGo();
+    void theBytesAreShared();
+    void unknownSourcesHaveNoBytes_data();
+    void unknownSourcesHaveNoBytes();
+    void picturesAreDecodedAtTheSizeTheyAreShownAt_data();
+    void picturesAreDecodedAtTheSizeTheyAreShownAt();
+    void cornersAreRoundWhereAskedFor();
+    void damagedBytesAreNoPicture_data();
+    void damagedBytesAreNoPicture();
+    void anImageShowsThePictureAndItsSuccessor();
+    void anImageOfADamagedPictureSaysSo();
+    void nothingIsLeftToDoWhenTheEngineGoes();
+
+private:
+    [[nodiscard]] std::unique_ptr<QQuickItem> image(const QString &source);
+
+    PictureStore m_pictures;
+    FakeWorkspace m_workspace;
+    std::unique_ptr<QQmlEngine> m_engine;
+};
+
+void PictureStoreTest::init()
+{
+    QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
+    m_engine = std::make_unique<QQmlEngine>();
+    addImageProviders(*m_engine, m_workspace, m_pictures);
+}
+
+std::unique_ptr<QQuickItem> PictureStoreTest::image(const QString &source)
+{
+    QQmlComponent component(m_engine.get());
+    component.setData(imageQML, {});
+    return std::unique_ptr<QQuickItem>(qobject_cast<QQuickItem *>(
+        component.createWithInitialProperties({{QStringLiteral("source"), source}})));
+}
+
+void PictureStoreTest::aFolderWithoutPictureHasNoSource()
+{
+    DockFolder folder = folderWith(picture(Qt::red));
+    QVERIFY(!m_pictures.pictureSource(folder).isEmpty());
+    folder.customIconData = QByteArray();
+    QCOMPARE(m_pictures.pictureSource(folder), QString());
+    folder.customIconData.reset();
+    QCOMPARE(m_pictures.pictureSource(folder), QString());
+}
+
+void PictureStoreTest::theSourceStaysWhileThePictureDoes()
+{
+    DockFolder folder = folderWith(picture(Qt::red));
+    const QString source = m_pictures.pictureSource(folder);
+    QVERIFY2(source.startsWith(QStringLiteral("image://picture/%1/").arg(uuidText(folder.id))),
+             qPrintable(source));
+    folder.name = QStringLiteral("Renamed");
+    QCOMPARE(m_pictures.pictureSource(folder), source);
+    folder.customIconData->detach(); // equal bytes in other memory, as after a reload
+    QCOMPARE(m_pictures.pictureSource(folder), source);
+}
+
+void PictureStoreTest::anotherPictureHasASourceOfItsOwn()
+{
+    DockFolder folder = folderWith(picture(Qt::red));
+    QSet<QString> sources{m_pictures.pictureSource(folder)};
+    for (const Qt::GlobalColor color : {Qt::green, Qt::blue, Qt::red}) {
+        folder.customIconData = picture(color);
+        sources.insert(m_pictures.pictureSource(folder));
+    }
+    folder.customIconData.reset();
+    QCOMPARE(m_pictures.pictureSource(folder), QString());
+    folder.customIconData = picture(Qt::red); // removed and given again
+    sources.insert(m_pictures.pictureSource(folder));
+    QCOMPARE(sources.size(), 5);
+    QCOMPARE(m_pictures.bytes(idOf(m_pictures.pictureSource(folder))), *folder.customIconData);
+}
+
+void PictureStoreTest::picturesOfFoldersThatAreGoneAreLetGo()
+{
+    const DockFolder stays = folderWith(picture(Qt::red));
+    const DockFolder goes = folderWith(picture(Qt::red));
+    const QString staying = m_pictures.pictureSource(stays);
+    const QString going = m_pictures.pictureSource(goes);
+    m_pictures.keepOnly({folderWith({}), stays});
+    QCOMPARE(m_pictures.bytes(idOf(staying)), *stays.customIconData);
+    QCOMPARE(m_pictures.bytes(idOf(going)), QByteArray());
+    QCOMPARE(m_pictures.pictureSource(stays), staying);
+    QVERIFY(m_pictures.pictureSource(goes) != going);
+    m_pictures.keepOnly({});
+    QCOMPARE(m_pictures.bytes(idOf(staying)), QByteArray());
+}
+
+void PictureStoreTest::theBytesAreShared()
+{
+    const DockFolder folder = folderWith(picture(Qt::red));
+    const QByteArray bytes = m_pictures.bytes(idOf(m_pictures.pictureSource(folder)));
+    QCOMPARE(static_cast<const void *>(bytes.constData()),
+             static_cast<const void *>(folder.customIconData->constData()));
+}
+
+void PictureStoreTest::unknownSourcesHaveNoBytes_data()
+{
+    QTest::addColumn<QString>("id");
+    QTest::newRow("nothing") << QString();
+    QTest::newRow("no id") << QStringLiteral("red/1");
+    QTest::newRow("a folder that is not there")
+        << uuidText(QUuid::createUuid()) + QStringLiteral("/1");
+}
+
+void PictureStoreTest::unknownSourcesHaveNoBytes()
+{
+    QFETCH(QString, id);
+    static_cast<void>(m_pictures.pictureSource(folderWith(picture(Qt::red))));
+    QCOMPARE(m_pictures.bytes(id), QByteArray());
+}
+
+void PictureStoreTest::picturesAreDecodedAtTheSizeTheyAreShownAt_data()
+{
+    QTest::addColumn<QSize>("source");
+    QTest::addColumn<QSize>("wanted");
+    QTest::addColumn<QSize>("expected");
+    QTest::newRow("smaller") << QSize(256, 256) << QSize(36, 36) << QSize(36, 36);
+    QTest::newRow("never larger than it is") << QSize(20, 20) << QSize(72, 72) << QSize(20, 20);
+    QTest::newRow("a wide one covers the area")
+        << QSize(400, 200) << QSize(40, 40) << QSize(80, 40);
+    QTest::newRow("a tall one covers the area")
+        << QSize(200, 400) << QSize(40, 40) << QSize(40, 80);
+    QTest::newRow("only a width") << QSize(256, 128) << QSize(64, -1) << QSize(64, 32);
+    QTest::newRow("no size") << QSize(256, 128) << QSize() << QSize(256, 128);
+    QTest::newRow("an empty size") << QSize(256, 128) << QSize(0, 0) << QSize(256, 128);
+}
+
+void PictureStoreTest::picturesAreDecodedAtTheSizeTheyAreShownAt()
+{
+    QFETCH(QSize, source);
+    QFETCH(QSize, wanted);
+    const QImage image = decodedPicture(picture(Qt::red, source), wanted);
+    QTEST(image.size(), "expected");
+    QCOMPARE(image.pixelColor(image.rect().center()), QColor(Qt::red));
+}
+
+void PictureStoreTest::cornersAreRoundWhereAskedFor()
+{
+    const QImage wide = decodedPicture(picture(Qt::red, {400, 200}), {40, 40});
+    const QImage rounded = roundedPicture(wide, 0.22);
+    QCOMPARE(rounded.size(), QSize(40, 40));
+    QCOMPARE(rounded.pixelColor(0, 0).alpha(), 0);
+    QCOMPARE(rounded.pixelColor(39, 39).alpha(), 0);
+    for (const QPoint &inside : {QPoint(20, 20), QPoint(0, 20), QPoint(20, 39), QPoint(5, 5)})
+        QCOMPARE(rounded.pixelColor(inside), QColor(Qt::red));
+    QVERIFY(roundedPicture(QImage(), 0.22).isNull());
+
+    QQuickWindow window;
+    window.setColor(Qt::white);
+    const auto shown
+        = image(m_pictures.pictureSource(folderWith(picture(Qt::red))) + QStringLiteral("/0.5"));
+    shown->setParentItem(window.contentItem());
+    window.resize(36, 36);
+    window.show();
+    QTRY_COMPARE(window.grabWindow().pixelColor(18, 18), QColor(Qt::red));
+    QCOMPARE(window.grabWindow().pixelColor(1, 1), QColor(Qt::white));
+}
+
+void PictureStoreTest::damagedBytesAreNoPicture_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::newRow("nothing") << QByteArray();
+    QTest::newRow("text") << QByteArray("no picture at all");
+    QTest::newRow("only a signature") << picture(Qt::red).left(8);
+    QTest::newRow("only a header") << picture(Qt::red).left(40);
+}
+
+void PictureStoreTest::damagedBytesAreNoPicture()
+{
+    QFETCH(QByteArray, bytes);
+    QVERIFY(decodedPicture(bytes, {36, 36}).isNull());
+}
+
+void PictureStoreTest::anImageShowsThePictureAndItsSuccessor()
+{
+    QQuickWindow window;
+    DockFolder folder = folderWith(picture(Qt::red));
+    const auto shown = image(m_pictures.pictureSource(folder));
+    shown->setParentItem(window.contentItem());
+    window.resize(36, 36);
+    window.show();
+    QTRY_COMPARE(shown->property("status").toInt(), 1); // Image.Ready
+    QTRY_COMPARE(window.grabWindow().pixelColor(18, 18), QColor(Qt::red));
+    folder.customIconData = picture(Qt::blue);
+    shown->setProperty("source", m_pictures.pictureSource(folder));
+    QTRY_COMPARE(shown->property("status").toInt(), 1);
+    QTRY_COMPARE(window.grabWindow().pixelColor(18, 18), QColor(Qt::blue));
+}
+
+void PictureStoreTest::anImageOfADamagedPictureSaysSo()
+{
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("cannot be decoded")));
+    const auto shown = image(m_pictures.pictureSource(folderWith("noise")));
+    QTRY_COMPARE(shown->property("status").toInt(), 3); // Image.Error
+}
+
+void PictureStoreTest::nothingIsLeftToDoWhenTheEngineGoes()
+{
+    std::vector<std::unique_ptr<QQuickItem>> images;
+    const QByteArray bytes = picture(Qt::red, {1500, 1500});
+    for (int i = 0; i < 20; ++i)
+        images.push_back(image(m_pictures.pictureSource(folderWith(bytes + char(i)))));
+    QTest::qWait(1); // some of them have begun
+    images.clear();
+    m_engine.reset();
+}
+
+QTEST_MAIN(PictureStoreTest)
+#include "tst_picturestore.moc"
