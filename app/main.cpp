@@ -13,12 +13,15 @@
 #include <QQmlApplicationEngine>
 #include <QQuickWindow>
 
+#include <algorithm>
+#include <string_view>
+
 // Generated with the QML module. Naming it keeps the module's types in the program.
 extern void qml_register_types_Nestlet_Companion(); // NOLINT(readability-identifier-naming)
 
 namespace {
 
-// Answers --help and --version without a display.
+// Ends the program for --help, --version and what it does not know.
 void answerCommandLine(const QStringList &arguments)
 {
     QCommandLineParser parser;
@@ -26,8 +29,13 @@ void answerCommandLine(const QStringList &arguments)
         QCoreApplication::translate("main", "Makes Dock folders for Nestlet."));
     parser.addHelpOption();
     parser.addVersionOption();
-    if (arguments.size() > 1)
-        parser.process(arguments);
+    parser.process(arguments);
+}
+
+// Questions that need no display.
+bool isQuestion(std::string_view argument)
+{
+    return argument == "--help" || argument == "-h" || argument == "--version" || argument == "-v";
 }
 
 } // namespace
@@ -36,12 +44,13 @@ int main(int argc, char *argv[])
 {
     QCoreApplication::setApplicationName(QStringLiteral("Nestlet Companion"));
     QCoreApplication::setApplicationVersion(QStringLiteral(NESTLET_COMPANION_VERSION));
-    if (argc > 1) {
+    if (std::any_of(argv + 1, argv + argc, isQuestion)) {
         const QCoreApplication early(argc, argv);
         answerCommandLine(QCoreApplication::arguments());
     }
 
     const QGuiApplication application(argc, argv);
+    answerCommandLine(QCoreApplication::arguments()); // without the toolkit's own
     Platform platform = makePlatform();
     CompanionEngine companion(platform, EventTurns::Start::OnRelease);
     companion.store.start();

@@ -139,6 +139,7 @@ Item {
                     FolderNameField {
                         id: nameField
                         objectName: "nameField"
+                        anchors.left: parent.left
                         visible: !root.folder.isLocked
                         onAccepted: root.commitName()
                         onEditingEnded: root.commitName()
@@ -153,6 +154,7 @@ Item {
                     }
 
                     Row {
+                        anchors.left: parent.left
                         visible: root.folder.isLocked
                         spacing: 6
 

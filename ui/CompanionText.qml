@@ -7,5 +7,6 @@ Text {
     font: Theme.body
     color: Theme.primary
     elide: Text.ElideRight
+    horizontalAlignment: Text.AlignLeft // the window's leading edge, whatever the text's script
     Accessible.ignored: true
 }

@@ -23,6 +23,9 @@ ApplicationWindow {
     color: Theme.content
     background: CompanionWindowBackground {}
     font: Theme.body
+    LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft // qmllint disable unqualified
+    LayoutMirroring.childrenInherit: true
+    palette.toolTipText: Theme.primary
     palette.window: Theme.window
     palette.windowText: Theme.primary
     palette.text: Theme.primary
@@ -40,18 +43,8 @@ ApplicationWindow {
             border.color: Theme.menuBorder
         }
     }
-    Component {
-        id: toolTipText
-
-        CompanionText {
-            font: Theme.subheadline
-            wrapMode: Text.Wrap
-        }
-    }
     function styleToolTip(toolTip: T.ToolTip) {
-        const text = toolTipText.createObject(root.contentItem) as CompanionText;
-        text.text = Qt.binding(() => toolTip.text);
-        toolTip.contentItem = text;
+        toolTip.font = Theme.subheadline;
         toolTip.background = toolTipGround.createObject(root.contentItem) as Item;
         toolTip.padding = 6;
     }
@@ -93,25 +86,28 @@ ApplicationWindow {
         }
     }
 
-    SplitView {
+    Item {
+        id: columns
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.top: strips.bottom
         anchors.bottom: parent.bottom
-        handle: Item {
-            implicitWidth: 1
-        }
 
         CompanionSidebar {
-            SplitView.preferredWidth: Theme.sidebarWidth
-            SplitView.minimumWidth: 180
-            SplitView.maximumWidth: 400
+            id: sidebar
+            anchors.left: parent.left
+            anchors.top: parent.top
+            anchors.bottom: parent.bottom
+            width: Theme.sidebarWidth
             model: root.model
             onResetRequested: root.isConfirmingReset = true
         }
 
         Item {
-            SplitView.fillWidth: true
+            anchors.left: sidebar.right
+            anchors.right: parent.right
+            anchors.top: parent.top
+            anchors.bottom: parent.bottom
 
             Loader {
                 id: detail
@@ -144,6 +140,13 @@ ApplicationWindow {
                     description: qsTr("Choose a folder from the sidebar or create one with ⌘N.")
                 }
             }
+        }
+
+        SidebarHandle {
+            sidebar: sidebar
+            anchors.horizontalCenter: sidebar.right
+            anchors.top: parent.top
+            anchors.bottom: parent.bottom
         }
     }
 

@@ -144,7 +144,6 @@ Item {
 
         readonly property bool showsFocus: activeFocus && InputModality.isKeyboard
         readonly property bool isMirrored: LayoutMirroring.enabled
-        layoutDirection: isMirrored ? Qt.RightToLeft : Qt.LeftToRight
 
         onActiveFocusChanged: {
             if (activeFocus && grid.currentIndex < 0)

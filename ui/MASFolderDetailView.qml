@@ -32,6 +32,7 @@ Item {
             spacing: Theme.sectionSpacing
 
             Row {
+                anchors.left: parent.left
                 spacing: 16
 
                 FileIcon {
@@ -48,18 +49,21 @@ Item {
                     Accessible.description: qsTr("Nestlet")
 
                     CompanionText {
+                        anchors.left: parent.left
                         text: qsTr("Dock Name")
                         font: Theme.subheadline
                         color: Theme.secondary
                     }
 
                     CompanionText {
+                        anchors.left: parent.left
                         text: qsTr("Nestlet")
                     }
                 }
             }
 
             PushButton {
+                anchors.left: parent.left
                 text: qsTr("Open Nestlet")
                 symbol: "arrow.up.right.square"
                 isDefault: true

@@ -25,8 +25,8 @@ FocusScope {
         return index < cells.count ? cells.itemAt(index) : null;
     }
     function moveTo(cell: int) {
+        cells.itemAt(cell).forceActiveFocus(Qt.TabFocusReason); // first: the current cell is the one in the Tab order
         root.currentCell = cell;
-        cells.itemAt(cell).forceActiveFocus(Qt.TabFocusReason);
     }
 
     implicitWidth: grid.implicitWidth + 2 * root.inset
