@@ -100,7 +100,13 @@ const std::optional<CompanionStore::InstallProgress> &CompanionStore::installAll
 bool CompanionStore::isNestletInstalled() const
 {
     requireMainThread();
-    return m_isNestletInstalled;
+    return m_nestletURL.has_value();
+}
+
+const std::optional<FileURL> &CompanionStore::nestletURL() const
+{
+    requireMainThread();
+    return m_nestletURL;
 }
 
 void CompanionStore::load()
@@ -188,6 +194,6 @@ void CompanionStore::refreshPresence()
 {
     requireMainThread();
     m_installedFolderIDs = m_.proxyDirectory.installedFolderIDs();
-    m_isNestletInstalled = m_.templateApp.isNestletInstalled();
+    m_nestletURL = m_.templateApp.installedNestletURL();
     Q_EMIT presenceChanged();
 }

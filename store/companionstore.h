@@ -73,6 +73,8 @@ public:
     [[nodiscard]] const std::optional<InstallProgress> &installAllProgress() const;
     /// Whether there was a Nestlet app when last looked; it need not be a valid one.
     [[nodiscard]] bool isNestletInstalled() const;
+    /// Where it was then.
+    [[nodiscard]] const std::optional<FileURL> &nestletURL() const;
 
     // Editing
 
@@ -105,6 +107,8 @@ public:
     /// Rebuilds the folder's installed Dock apps in the background; nothing when there are none or
     /// a rebuild of the folder has not ended.
     void scheduleProxyUpdate(const QUuid &id);
+    /// Brings the Nestlet app that was found to the front. Fire and forget.
+    void openNestlet();
     /// Shows the folder's Dock app in the file manager; nothing when it has none.
     void revealProxy(const QUuid &id);
     /// Looks again which folders are installed and whether there is a Nestlet app.
@@ -173,7 +177,7 @@ private:
     QSet<QUuid> m_installingFolderIDs;
     std::optional<InstallProgress> m_installAllProgress;
     QSet<QUuid> m_installedFolderIDs;
-    bool m_isNestletInstalled = false;
+    std::optional<FileURL> m_nestletURL;
 };
 
 /// "Dock Folder <number>".

@@ -130,6 +130,14 @@ void CompanionStore::refreshInstalledProxies()
         startRebuild(folder.id, installed.value(folder.id));
 }
 
+void CompanionStore::openNestlet()
+{
+    requireMainThread();
+    if (m_nestletURL)
+        m_.platform.workspace->openApplication(*m_nestletURL, Activation::Foreground,
+                                               [](const std::optional<PlatformError> &) {});
+}
+
 void CompanionStore::revealProxy(const QUuid &id)
 {
     requireMainThread();
