@@ -18,6 +18,10 @@ MenuItem {
     font: Theme.body
     Accessible.role: Accessible.MenuItem
     Accessible.name: root.text
+    Accessible.onPressAction: {
+        if (root.enabled)
+            root.clicked();
+    }
 
     contentItem: Item { // qmllint disable deferred-property-id
         implicitWidth: 24 + label.implicitWidth

@@ -18,6 +18,10 @@ Button {
     font: Theme.bodyMedium
     Accessible.role: Accessible.Button
     Accessible.name: root.text
+    Accessible.onPressAction: {
+        if (root.enabled)
+            root.clicked();
+    }
     // A disabled control loses the focus: it gets it back, unless it has gone elsewhere meanwhile.
     onIsBusyChanged: {
         if (root.isBusy)

@@ -21,6 +21,10 @@ Button {
     font: Theme.body
     Accessible.role: Accessible.Button
     Accessible.name: root.text
+    Accessible.onPressAction: {
+        if (root.enabled)
+            root.clicked();
+    }
     Keys.onReturnPressed: root.clicked()
     Keys.onEnterPressed: root.clicked()
 

@@ -17,6 +17,10 @@ ToolButton {
     hoverEnabled: true
     Accessible.role: Accessible.Button
     Accessible.name: root.text
+    Accessible.onPressAction: {
+        if (root.enabled)
+            root.clicked();
+    }
     ToolTip.text: root.text
     ToolTip.visible: (root.hovered || root.visualFocus) && !root.down && !root.isMenuShown
     ToolTip.delay: Theme.toolTipDelay
