@@ -1,3 +1,4 @@
+#include "platform/announcer.h"
 #include "platform/appearance.h"
 #include "platform/platform.h"
 #include "store/companionengine.h"
@@ -65,6 +66,9 @@ int main(int argc, char *argv[])
     CompanionViewModel viewModel(companion.store, pictures, [&] {
         return scanInstalledApplications(*platform.files, *platform.directories);
     });
+    if (platform.announcer)
+        QObject::connect(&viewModel, &CompanionViewModel::announced,
+                         [&](const QString &text) { platform.announcer->announce(text); });
     SystemPanels panels(platform);
     QQmlApplicationEngine engine;
     addImageProviders(engine, *platform.workspace, pictures);

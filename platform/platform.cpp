@@ -1,5 +1,6 @@
 #include "platform/platform.h"
 
+#include "platform/announcer.h"
 #include "platform/appearance.h"
 #include "platform/bookmarks.h"
 #include "platform/clock.h"

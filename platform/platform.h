@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 
+class Announcer;
 class Appearance;
 class Bookmarks;
 class Clock;
@@ -40,6 +41,7 @@ struct Platform {
     std::unique_ptr<Clock> clock;
     std::unique_ptr<URLFetcher> network;
     std::unique_ptr<Appearance> appearance;
+    std::unique_ptr<Announcer> announcer; ///< none where screen readers follow the window's texts
     // Where the system has none, the window brings its own.
     std::unique_ptr<ColorPanel> colorPanel;
     std::unique_ptr<OpenPanel> openPanel;

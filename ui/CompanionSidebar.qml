@@ -59,6 +59,7 @@ Rectangle {
             sourceComponent: CompanionMenu {
                 CompanionMenuItem {
                     text: qsTr("Add All to Dock")
+                    enabled: root.model.addAllTotal === 0
                     symbol: "square.stack.3d.up"
                     onTriggered: root.model.addAllToDock()
                 }
@@ -79,8 +80,22 @@ Rectangle {
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.top: header.bottom
-        anchors.bottom: parent.bottom
+        anchors.bottom: progress.top
         companion: root.model
+    }
+
+    Loader {
+        id: progress
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.bottom: parent.bottom
+        active: root.model.addAllTotal > 0
+        height: active ? implicitHeight : 0
+
+        sourceComponent: AddAllProgress {
+            done: root.model.addAllDone
+            total: root.model.addAllTotal
+        }
     }
 
     Rectangle {

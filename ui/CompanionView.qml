@@ -56,8 +56,35 @@ ApplicationWindow {
     }
 
     Shortcut {
-        sequence: "Ctrl+N" // Command-N on a Mac
+        sequence: "Ctrl+N"
+        enabled: !menuBar.active // which has it, as Command-N
         onActivated: root.model.createFolder()
+    }
+
+    Loader {
+        id: menuBar
+        active: Qt.platform.os === "osx"
+        source: "MacMenuBar.qml"
+    }
+
+    Connections {
+        target: menuBar.item
+        ignoreUnknownSignals: true
+        function onNewFolderRequested() {
+            root.model.createFolder();
+        }
+        function onCloseRequested() {
+            root.close();
+        }
+    }
+
+    // What is said here is nowhere else to be seen.
+    Item {
+        width: 1
+        height: 1
+        Accessible.role: Accessible.AlertMessage
+        Accessible.name: root.model.announcement
+        Accessible.ignored: root.model.announcement === ""
     }
 
     Column {

@@ -18,6 +18,9 @@ CompanionViewModel::CompanionViewModel(CompanionStore &store, PictureStore &pict
     connect(&store, &CompanionStore::presenceChanged, this, &CompanionViewModel::presenceChanged);
     connect(&store, &CompanionStore::availableUpdateChanged, this,
             &CompanionViewModel::availableUpdateChanged);
+    connect(&store, &CompanionStore::installAllProgressChanged, this,
+            &CompanionViewModel::addAllProgressChanged);
+    connect(&store, &CompanionStore::proxyInstalled, this, &CompanionViewModel::announceInstalled);
 }
 
 QString CompanionViewModel::selection() const
@@ -70,6 +73,25 @@ QString CompanionViewModel::nestletURL() const
 QString CompanionViewModel::availableVersion() const
 {
     return m_store.availableUpdate() ? m_store.availableUpdate()->version : QString();
+}
+
+int CompanionViewModel::addAllDone() const
+{
+    return static_cast<int>(m_store.installAllProgress() ? m_store.installAllProgress()->done : 0);
+}
+
+int CompanionViewModel::addAllTotal() const
+{
+    return static_cast<int>(m_store.installAllProgress() ? m_store.installAllProgress()->total : 0);
+}
+
+void CompanionViewModel::announceInstalled(const QUuid &id)
+{
+    const std::optional<DockFolder> folder = m_store.folder(id);
+    if (!folder)
+        return;
+    m_announcement = tr("%1 is in the Dock.").arg(folder->name);
+    Q_EMIT announced(m_announcement);
 }
 
 QString CompanionViewModel::errorMessage() const

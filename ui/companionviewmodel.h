@@ -23,6 +23,9 @@ class CompanionViewModel final : public QObject {
     Q_PROPERTY(bool isNestletInstalled READ isNestletInstalled NOTIFY presenceChanged)
     Q_PROPERTY(QString nestletURL READ nestletURL NOTIFY presenceChanged)
     Q_PROPERTY(QString availableVersion READ availableVersion NOTIFY availableUpdateChanged)
+    Q_PROPERTY(int addAllDone READ addAllDone NOTIFY addAllProgressChanged)
+    Q_PROPERTY(int addAllTotal READ addAllTotal NOTIFY addAllProgressChanged)
+    Q_PROPERTY(QString announcement READ announcement NOTIFY announced)
     Q_PROPERTY(QString errorMessage READ errorMessage NOTIFY errorMessageChanged)
 
 public:
@@ -45,6 +48,12 @@ public:
     [[nodiscard]] QString nestletURL() const;
     /// Of an update to offer; empty: there is none.
     [[nodiscard]] QString availableVersion() const;
+    /// How many of the folders have been added to the Dock, while all of them are being added.
+    [[nodiscard]] int addAllDone() const;
+    /// 0: nothing of the kind is going on.
+    [[nodiscard]] int addAllTotal() const;
+    /// What was said last to those who don't see the window.
+    [[nodiscard]] const QString &announcement() const { return m_announcement; }
     /// Empty: there is no error to show.
     [[nodiscard]] QString errorMessage() const;
 
@@ -63,10 +72,13 @@ Q_SIGNALS:
     void errorMessageChanged();
     void presenceChanged();
     void availableUpdateChanged();
+    void addAllProgressChanged();
+    void announced(const QString &text);
 
 private:
     void select(const QUuid &id);
     void keepSelectionValid();
+    void announceInstalled(const QUuid &id);
     [[nodiscard]] QUuid firstFolderID() const;
 
     CompanionStore &m_store;
@@ -74,4 +86,5 @@ private:
     FolderDetailModel m_detail;
     ApplicationScan m_applicationScan;
     QUuid m_selection;
+    QString m_announcement;
 };

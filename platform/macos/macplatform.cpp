@@ -1,5 +1,6 @@
 #include "platform/platform.h"
 
+#include "platform/macos/macannouncer.h"
 #include "platform/macos/macappearance.h"
 #include "platform/macos/macbookmarks.h"
 #include "platform/macos/maccolorpanel.h"
@@ -31,6 +32,7 @@ Platform makePlatform()
     platform.clock = std::make_unique<QtClock>();
     platform.network = std::make_unique<QtURLFetcher>();
     platform.appearance = std::make_unique<MacAppearance>();
+    platform.announcer = std::make_unique<MacAnnouncer>();
     platform.colorPanel = std::make_unique<MacColorPanel>();
     platform.openPanel = std::make_unique<MacOpenPanel>();
     return platform;

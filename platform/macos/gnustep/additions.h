@@ -59,6 +59,9 @@ extern const NSFontWeight NSFontWeightUltraLight, NSFontWeightThin, NSFontWeight
 
 extern NSString *const NSWorkspaceAccessibilityDisplayOptionsDidChangeNotification;
 
+extern NSString *const NSAccessibilityAnnouncementKey;
+extern NSString *const NSAccessibilityAnnouncementRequestedNotification;
+
 @interface NSAppearance (MacAdditions)
 - (void)performAsCurrentDrawingAppearance:(void (^)(void))block;
 @end
