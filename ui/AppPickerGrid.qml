@@ -53,8 +53,8 @@ FocusScope {
 
     Connections {
         target: root.picker
-        function onSearchTextChanged() {
-            grid.currentIndex = 0;
+        function onContentChanged() {
+            grid.currentIndex = grid.count > 0 ? 0 : -1;
             grid.contentY = grid.originY - grid.topMargin;
         }
     }
@@ -63,6 +63,7 @@ FocusScope {
         id: grid
 
         readonly property bool isMirrored: LayoutMirroring.enabled
+        readonly property bool showsFocus: InputModality.isKeyboard && activeFocus
         readonly property int columns: Math.max(1, Math.floor(width / (root.leastColumnWidth + root.spacing)))
         readonly property int lastLine: Math.floor((grid.count - 1) / grid.columns)
         readonly property int linesPerPage: Math.max(1, Math.floor(height / cellHeight))
@@ -78,10 +79,8 @@ FocusScope {
         cellWidth: Math.floor(width / grid.columns)
         cellHeight: 106
         cacheBuffer: 0
-        reuseItems: true
         boundsBehavior: Flickable.StopAtBounds
         keyNavigationEnabled: false
-        layoutDirection: grid.isMirrored ? Qt.RightToLeft : Qt.LeftToRight
         highlightMoveDuration: Theme.hoverDuration
         Accessible.role: Accessible.List
         Accessible.name: qsTr("Apps")
@@ -103,7 +102,7 @@ FocusScope {
         }
         function goUp() {
             if (grid.currentIndex < grid.columns)
-                root.left();
+                root.exited();
             else
                 grid.goByLines(-1);
         }
@@ -144,7 +143,7 @@ FocusScope {
             width: grid.cellWidth
             height: grid.cellHeight
             isHovered: root.hoveredRow === index
-            hasFocusRing: GridView.isCurrentItem && grid.activeFocus && InputModality.isKeyboard
+            hasFocusRing: grid.showsFocus && GridView.isCurrentItem
             onToggled: root.picker.toggle(index)
         }
     }

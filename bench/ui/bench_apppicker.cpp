@@ -1,0 +1,230 @@
+#include "bench/ratios.h"
+#include "tests/fakes/fakeworkspace.h"
+#include "ui/applicationscan.h"
+#include "ui/imageproviders.h"
+#include "ui/picturestore.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QQmlApplicationEngine>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QRandomGenerator>
+
+#include <algorithm>
+#include <cstdlib>
+#include <ctime>
+
+extern void qml_register_types_Nestlet_Companion(); // NOLINT(readability-identifier-naming)
+
+namespace {
+
+constexpr int applicationCount = 5000;
+
+const QByteArray windowText = R"(
+    import QtQuick
+    import QtQuick.Controls.Basic
+    import Nestlet.Companion
+
+    ApplicationWindow {
+        id: root
+        required property ApplicationScan scan
+        width: 1060
+        height: 800
+        visible: true
+
+        Loader {
+            sourceComponent: AppPickerSheet {
+                scan: root.scan
+            }
+        }
+    }
+)";
+
+void require(bool claim, const char *text)
+{
+    if (claim)
+        return;
+    qCritical("It cannot be measured: %s", text);
+    std::exit(EXIT_FAILURE);
+}
+
+// One or two words of a few syllables and a number, so that every search finds some.
+QStringList applicationNames()
+{
+    static const QStringList syllables
+        = QStringLiteral(
+              "dra wing pho to edi tor ma ni cal ter mi nal über sicht mö we sé lec tion "
+              "key note chess mail box scan ner studio pro web kit")
+              .split(u' ');
+    QRandomGenerator random(5000);
+    QStringList names;
+    for (int number = 0; number < applicationCount; ++number) {
+        QString name;
+        for (int more = 2 + random.bounded(4); more > 0; --more)
+            name += syllables.at(random.bounded(static_cast<int>(syllables.size())));
+        names.append(QStringLiteral("%1 %2").arg(name).arg(number));
+    }
+    names.sort();
+    return names;
+}
+
+QList<FileURL> applicationURLs(const QStringList &names)
+{
+    QList<FileURL> urls;
+    for (const QString &name : names)
+        urls.append(FileURL::directory(QStringLiteral("/Applications/%1.app").arg(name)));
+    return urls;
+}
+
+QQuickItem *findItem(QQuickItem *root, QLatin1StringView objectName)
+{
+    if (root->objectName() == objectName)
+        return root;
+    for (QQuickItem *child : root->childItems()) {
+        if (QQuickItem *found = findItem(child, objectName))
+            return found;
+    }
+    return nullptr;
+}
+
+double processorTime()
+{
+    timespec time{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return double(time.tv_sec) + double(time.tv_nsec) * 1e-9;
+}
+
+/// The open sheet over 5,000 applications, in a window of its own.
+class Sheet {
+public:
+    explicit Sheet(const QList<FileURL> &applications)
+        : m_scan([applications] { return applications; })
+    {
+        addImageProviders(m_engine, m_workspace, m_pictures);
+        m_engine.addImportPath(QStringLiteral(":/qt/qml"));
+        m_engine.setInitialProperties({{QStringLiteral("scan"), QVariant::fromValue(&m_scan)}});
+        m_engine.loadData(windowText);
+        require(!m_engine.rootObjects().isEmpty(), "there is no window");
+        m_window = qobject_cast<QQuickWindow *>(m_engine.rootObjects().constFirst());
+        m_window->requestActivate();
+        QObject::connect(m_window, &QQuickWindow::frameSwapped, [this] { ++m_frames; });
+        settle();
+        m_field = findItem(m_window->contentItem(), QLatin1StringView("appSearchField"));
+        m_grid = findItem(m_window->contentItem(), QLatin1StringView("appGrid"));
+        require(m_field && m_field->hasActiveFocus(), "the search has no focus");
+        require(m_grid && count() == applicationCount, "the applications are not shown");
+    }
+
+    [[nodiscard]] int count() const { return m_grid->property("count").toInt(); }
+
+    void search(const QString &text)
+    {
+        m_field->setProperty("text", text);
+        settle();
+    }
+
+    /// A keystroke, up to the grid whose cells are made, filled and placed.
+    void type(QChar character)
+    {
+        QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(character));
+        QCoreApplication::sendEvent(m_window, &press);
+        m_grid->ensurePolished();
+    }
+
+    /// A keystroke, up to the painted frame. Returns the time that the thread works for it.
+    [[nodiscard]] double typeAndPaint(QChar character)
+    {
+        const double begin = processorTime();
+        type(character);
+        for (const int frames = m_frames; m_frames == frames;)
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        return processorTime() - begin;
+    }
+
+private:
+    // Long enough for the sheet's motion and for the icons.
+    static void settle()
+    {
+        QElapsedTimer timer;
+        for (timer.start(); timer.elapsed() < (s_isSettled ? 30 : 1000);)
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+        s_isSettled = true;
+    }
+
+    static inline bool s_isSettled = false;
+    FakeWorkspace m_workspace;
+    PictureStore m_pictures;
+    ApplicationScan m_scan;
+    QQmlApplicationEngine m_engine;
+    QQuickWindow *m_window = nullptr;
+    QQuickItem *m_field = nullptr;
+    QQuickItem *m_grid = nullptr;
+    int m_frames = 0;
+};
+
+qsizetype countByContains(const QStringList &names, const QString &text)
+{
+    return std::ranges::count_if(
+        names, [&](const QString &name) { return name.contains(text, Qt::CaseInsensitive); });
+}
+
+Work keystrokeWork(Sheet &sheet, const ApplicationFilter &filter, const QStringList &names,
+                   const QString &text)
+{
+    sheet.search(text);
+    require(sheet.count() == filter.matches(text).size(), "the sheet finds something else");
+    return {
+        .name = "Type the last letter of “" + text.toStdString() + "”, 5,000 applications",
+        .ours = {.name = "to the placed grid",
+                 .run = [&sheet, text] { sheet.type(text.back()); },
+                 .prepare = [&sheet, text] { sheet.search(text.chopped(1)); }},
+        .references
+        = {{.variant = {"the filter alone",
+                        [&filter, text] { benchmark::DoNotOptimize(filter.matches(text)); }},
+            .timesLonger = 3},
+           {.variant = {"the filter alone, by QString::contains",
+                        [&names, text] { benchmark::DoNotOptimize(countByContains(names, text)); }},
+            .timesLonger = 3}},
+        .rounds = 25,
+        .timing = Timing::ProcessorTime};
+}
+
+double framesPerKeystroke(Sheet &sheet, const QString &text)
+{
+    constexpr double frame = 1.0 / 60;
+    std::vector<double> times;
+    for (int round = 0; round < 15; ++round) {
+        sheet.search(text.chopped(1));
+        times.push_back(sheet.typeAndPaint(text.back()) / frame);
+    }
+    std::ranges::sort(times);
+    return times.at(times.size() / 2);
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_QUICK_BACKEND", "software");
+    [[maybe_unused]] auto *const volatile uiTypes = &qml_register_types_Nestlet_Companion;
+    const QGuiApplication application(argc, argv);
+    const QStringList names = applicationNames();
+    const QList<FileURL> urls = applicationURLs(names);
+    const ApplicationFilter filter(urls);
+    Sheet sheet(urls);
+
+    // Each finds others than with a letter less; the last finds none.
+    const QStringList texts{QStringLiteral("a"), QStringLiteral("ma"), QStringLiteral("t!")};
+    Ratios ratios;
+    for (const QString &text : texts)
+        ratios.add(keystrokeWork(sheet, filter, names, text));
+    for (const QString &text : texts) {
+        ratios.addFigure("Frames of 1/60 s for “" + text.toStdString() + "”, painting included", 1,
+                         [&sheet, text] { return framesPerKeystroke(sheet, text); });
+    }
+    return ratios.run(argc, argv);
+}

@@ -1,0 +1,58 @@
+#include "bench/ui/companionwindow.h"
+
+#include "bench/ui/require.h"
+#include "platform/appearance.h"
+#include "ui/imageproviders.h"
+#include "ui/systemappearance.h"
+
+#include <QElapsedTimer>
+#include <QGuiApplication>
+#include <QQuickItem>
+
+extern void qml_register_types_Nestlet_Companion(); // NOLINT(readability-identifier-naming)
+
+namespace {
+
+QQuickItem *findItem(QQuickItem *root, QLatin1StringView objectName)
+{
+    if (root->objectName() == objectName)
+        return root;
+    for (QQuickItem *child : root->childItems()) {
+        if (QQuickItem *found = findItem(child, objectName))
+            return found;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+CompanionWindow::CompanionWindow()
+    : m_platform(makePlatform())
+    , m_companion(m_platform, EventTurns::Start::OnRelease)
+    , m_model((m_companion.store.start(), m_companion.store), m_pictures,
+              [] { return QList<FileURL>(); })
+{
+    [[maybe_unused]] auto *const volatile uiTypes = &qml_register_types_Nestlet_Companion;
+    addImageProviders(m_engine, *m_platform.workspace, m_pictures);
+    setAppearance(m_engine, *m_platform.appearance);
+    m_engine.setInitialProperties({{QStringLiteral("model"), QVariant::fromValue(&m_model)}});
+    m_engine.addImportPath(QStringLiteral(":/qt/qml"));
+    m_engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Nestlet/Companion/CompanionView.qml")));
+    require(!m_engine.rootObjects().isEmpty(), "there is no window");
+    m_window = qobject_cast<QQuickWindow *>(m_engine.rootObjects().constFirst());
+    settle(1000);
+}
+
+QQuickItem *CompanionWindow::item(const char *objectName) const
+{
+    QQuickItem *found = findItem(m_window->contentItem(), QLatin1StringView(objectName));
+    require(found, objectName);
+    return found;
+}
+
+void settle(int milliseconds)
+{
+    QElapsedTimer timer;
+    for (timer.start(); timer.elapsed() < milliseconds;)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+}
