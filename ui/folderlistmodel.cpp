@@ -117,7 +117,9 @@ int FolderListModel::firstMovableRow() const
 void FolderListModel::moveFolder(const QString &folderID, int row)
 {
     const int source = rowOf(folderID) - firstMovableRow();
-    const int target = std::clamp(row, firstMovableRow(), rowCount() - 1) - firstMovableRow();
-    if (source >= 0 && source != target)
+    if (source < 0)
+        return;
+    const int target = std::clamp(row - firstMovableRow(), 0, rowCount() - firstMovableRow() - 1);
+    if (source != target)
         m_store.moveFolders({source}, target > source ? target + 1 : target);
 }
