@@ -55,7 +55,7 @@ T.Popup {
         isPointerOnTop: root.isBelow
     }
 
-    contentItem: Item {
+    contentItem: Item { // qmllint disable deferred-property-id
         Accessible.role: Accessible.Dialog
         Accessible.name: qsTr("Colors")
 
@@ -74,7 +74,6 @@ T.Popup {
                 width: parent.width
                 height: 140
                 components: components
-                Component.onCompleted: focusCurrent(Qt.PopupFocusReason)
             }
 
             HueStrip {
@@ -93,8 +92,14 @@ T.Popup {
                     height: 24
                     radius: Theme.buttonRadius
                     color: components.hex
-                    border.width: 1
-                    border.color: Theme.separator
+
+                    Rectangle {
+                        anchors.fill: parent
+                        radius: parent.radius
+                        color: "transparent"
+                        border.width: 1
+                        border.color: Theme.separator
+                    }
                 }
 
                 HexField {

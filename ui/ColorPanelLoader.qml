@@ -1,8 +1,7 @@
 import QtQuick
 import Nestlet.Companion
 
-/// Makes the window's own colour panel when it is first asked for, and gives the focus back to the
-/// swatch when it closes.
+/// Makes the window's own colour panel when it is first asked for.
 Loader {
     id: root
 
@@ -16,6 +15,7 @@ Loader {
             root.setSource("ColorPanel.qml", {
                 "parent": root.swatch
             });
+        root.swatch.forceActiveFocus(Qt.OtherFocusReason); // to which the focus comes back
         root.active = true;
         root.panel.open();
     }
@@ -36,10 +36,6 @@ Loader {
         target: root.panel
         function onChanged(hex: string) {
             root.changed(hex);
-        }
-        function onAboutToHide() {
-            if (root.panel.activeFocus)
-                root.swatch.forceActiveFocus(Qt.PopupFocusReason);
         }
     }
 }

@@ -18,7 +18,7 @@ PickerCell {
         if (root.kind === AppearanceOptions.Custom)
             return root.isSelected ? "eyedropper" : "paintbrush";
         if (root.kind === AppearanceOptions.Automatic)
-            return "circle.lefthalf.filled";
+            return "a.circle";
         return root.isSelected ? "checkmark" : "";
     }
     readonly property bool isOnColor: root.hex !== ""
@@ -35,7 +35,9 @@ PickerCell {
         }
     }
 
-    background: Item {
+    Item {
+        anchors.fill: parent
+
         Rectangle {
             anchors.fill: parent
             radius: root.cornerRadius
@@ -51,40 +53,32 @@ PickerCell {
             anchors.margins: root.inset
             radius: root.cornerRadius - root.inset
             color: root.isOnColor ? root.hex : Theme.faded(Theme.secondary, root.hovered ? 0.16 : 0.1)
-            border.width: root.isOnColor ? 1 : 0
-            border.color: Theme.separator
 
+            // Over the colour: a border of the same rectangle would lie on what is behind it.
             Rectangle {
                 anchors.fill: parent
                 radius: parent.radius
-                color: Theme.primary
-                opacity: root.down ? 0.2 : root.hovered && root.isOnColor ? 0.08 : 0
+                color: Theme.faded(Theme.primary, root.down ? 0.2 : root.hovered && root.isOnColor ? 0.08 : 0)
+                border.width: root.isOnColor ? 1 : 0
+                border.color: Theme.separator
             }
         }
     }
 
-    contentItem: Item {
-        Loader {
-            anchors.centerIn: parent
-            active: root.symbol !== ""
-            sourceComponent: Item {
-                Rectangle {
-                    anchors.centerIn: parent
-                    width: 18
-                    height: 18
-                    radius: 9
-                    visible: root.isOnColor
-                    color: Theme.faded("#000000", AppearanceOptions.groundOpacity(root.hex))
-                }
+    Rectangle {
+        anchors.centerIn: parent
+        width: 18
+        height: 18
+        radius: 9
+        visible: root.isOnColor && root.symbol !== ""
+        color: Theme.faded("#000000", root.isOnColor ? AppearanceOptions.groundOpacity(root.hex) : 0)
+    }
 
-                Symbol {
-                    anchors.centerIn: parent
-                    name: root.symbol
-                    size: root.kind === AppearanceOptions.Palette ? 12 : 14
-                    weight: root.kind === AppearanceOptions.Palette ? Font.Bold : Font.Normal
-                    color: root.isOnColor ? Theme.accentText : Theme.secondary
-                }
-            }
-        }
+    Symbol {
+        anchors.centerIn: parent
+        name: root.symbol
+        size: root.kind === AppearanceOptions.Palette ? 12 : 14
+        weight: root.kind === AppearanceOptions.Palette ? Font.Bold : Font.Normal
+        color: root.isOnColor ? Theme.accentText : Theme.secondary
     }
 }

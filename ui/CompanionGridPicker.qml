@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Nestlet.Companion
 
@@ -24,7 +26,8 @@ PickerGroup {
         text: AppearanceOptions.gridName(cell.index)
         onClicked: root.changed(AppearanceOptions.gridValue(cell.index))
 
-        background: Rectangle {
+        Rectangle {
+            anchors.fill: parent
             radius: Theme.buttonRadius - 1
             color: {
                 if (cell.isSelected)
@@ -40,13 +43,12 @@ PickerGroup {
             }
         }
 
-        contentItem: CompanionText {
+        CompanionText {
             id: label
+            anchors.centerIn: parent
             text: cell.text
             font: cell.isSelected ? Theme.bodyMedium : Theme.body
             color: cell.isSelected ? Theme.accentText : Theme.primary
-            horizontalAlignment: Text.AlignHCenter
-            verticalAlignment: Text.AlignVCenter
         }
     }
 

@@ -8,6 +8,7 @@ Item {
 
     /// Null: nothing can be chosen.
     property SystemPanels panels: null
+    readonly property OpenPanel ownPanel: loader.item as OpenPanel
     signal chosen(url: string, folderID: string)
 
     /// `folderID` comes back with the picture: the panel does not keep the user from going on.
@@ -18,8 +19,8 @@ Item {
             root.panels.chooseIconImage(folderID);
             return;
         }
-        if (loader.item)
-            loader.item.close();
+        if (root.ownPanel)
+            root.ownPanel.close();
         loader.setSource("OpenPanel.qml", {
             "panels": root.panels,
             "folderID": folderID,
@@ -38,16 +39,16 @@ Item {
 
     Loader {
         id: loader
-        onLoaded: (loader.item as OpenPanel).show()
+        onLoaded: root.ownPanel.show()
     }
 
     Connections {
-        target: loader.item
+        target: root.ownPanel
         function onChosen(url: string, folderID: string) {
             root.chosen(url, folderID);
         }
         function onVisibleChanged() {
-            if (!loader.item.visible)
+            if (!root.ownPanel.visible)
                 loader.source = "";
         }
     }

@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Controls.Basic
 import Nestlet.Companion
 
 /// A panel for choosing one picture, for where the system has none. A window of its own, beside which
@@ -9,27 +8,29 @@ Window {
 
     required property SystemPanels panels
     required property string folderID
-    readonly property string selectedURL: list.selectedURL
+    readonly property ImageBrowserModel browser: ImageBrowserModel {
+        panels: root.panels
+    }
     signal chosen(url: string, folderID: string)
 
     function choose(url: string) {
-        browser.rememberDirectory();
+        root.browser.rememberDirectory();
         root.chosen(url, root.folderID);
         root.close();
     }
     // Opens what is named: goes into a directory, chooses a picture.
     function openURL(url: string) {
-        if (browser.isDirectory(url))
+        if (root.browser.isDirectory(url))
             root.openDirectory(url);
         else if (url !== "")
             root.choose(url);
     }
     function openDirectory(url: string) {
-        problem.text = browser.openDirectory(url) ? "" : qsTr("This folder can’t be opened.");
+        problem.text = root.browser.openDirectory(url) ? "" : qsTr("This folder can’t be opened.");
         list.selectFirst();
     }
     function openPath(path: string) {
-        const url = browser.urlOfPath(path);
+        const url = root.browser.urlOfPath(path);
         if (url !== "")
             root.openURL(url);
         else
@@ -45,10 +46,6 @@ Window {
     color: Theme.content
     Component.onCompleted: list.forceActiveFocus(Qt.PopupFocusReason)
 
-    ImageBrowserModel {
-        id: browser
-        panels: root.panels
-    }
 
     Shortcut {
         sequence: "Escape"
@@ -60,7 +57,7 @@ Window {
     }
     Shortcut {
         sequences: ["Ctrl+Up"]
-        onActivated: browser.openParent()
+        onActivated: root.browser.openParent()
     }
 
     OpenPanelPlaces {
@@ -69,7 +66,7 @@ Window {
         anchors.top: parent.top
         anchors.bottom: parent.bottom
         width: 160
-        browser: browser
+        browser: root.browser
         onOpened: url => root.openDirectory(url)
     }
 
@@ -89,8 +86,8 @@ Window {
             symbol: "chevron.up"
             symbolSize: 14
             text: qsTr("Enclosing Folder")
-            enabled: browser.hasParent
-            onClicked: browser.openParent()
+            enabled: root.browser.hasParent
+            onClicked: root.browser.openParent()
         }
 
         OpenPanelPathField {
@@ -100,7 +97,7 @@ Window {
             anchors.right: parent.right
             anchors.rightMargin: Theme.cardInset
             anchors.verticalCenter: parent.verticalCenter
-            path: browser.directoryPath
+            path: root.browser.directoryPath
             onEntered: path => root.openPath(path)
         }
     }
@@ -120,7 +117,7 @@ Window {
         anchors.top: toolbar.bottom
         anchors.topMargin: 1
         anchors.bottom: footer.top
-        browser: browser
+        browser: root.browser
         onOpened: url => root.openURL(url)
     }
 

@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Controls.Basic
 import Nestlet.Companion
@@ -7,6 +9,7 @@ Item {
     id: root
 
     required property ImageBrowserModel browser
+    readonly property string directoryURL: root.browser.directoryURL
     property string selectedURL
     readonly property string selectedName: list.currentItem ? (list.currentItem as OpenPanelRow).text : ""
     readonly property bool isPictureSelected: root.selectedURL !== "" && !root.browser.isDirectory(root.selectedURL)
@@ -28,6 +31,7 @@ Item {
             root.select(row);
     }
 
+    onDirectoryURLChanged: root.selectFirst()
     onActiveFocusChanged: {
         if (root.activeFocus)
             list.forceActiveFocus(Qt.OtherFocusReason);
@@ -37,13 +41,6 @@ Item {
         id: typingPause
         interval: 1000
         onTriggered: root.typed = ""
-    }
-
-    Connections {
-        target: root.browser
-        function onDirectoryChanged() {
-            root.selectFirst();
-        }
     }
 
     CompanionText {

@@ -21,7 +21,8 @@ Item {
         width: parent.width - 2 * Theme.cardInset
         height: width
         source: root.url
-        sourceSize: Qt.size(2 * width, 2 * height)
+        sourceSize.width: 2 * width
+        sourceSize.height: 2 * height
         fillMode: Image.PreserveAspectFit
         asynchronous: true
         cache: false

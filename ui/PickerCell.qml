@@ -1,31 +1,55 @@
 import QtQuick
 import QtQuick.Controls.Basic
-import QtQuick.Templates as T
+import Nestlet.Companion
 
-/// One cell of a PickerGroup: `text` is its name. It looks as its users make it look.
-T.AbstractButton {
+/// One cell of a PickerGroup: `text` is its name. It looks as its users make it look. An item, no
+/// button: a button that can be checked checks itself, while what is selected here is for the folder
+/// to say; and a control cannot be given the role of another.
+Item {
     id: root
 
     required property int index
     required property PickerGroup group
+    property string text
     property bool showsToolTip: false
+    /// Not again after a press, as long as the pointer stays.
+    property bool isToolTipDue: false
     readonly property bool isSelected: root.group.selectedCell === root.index
+    readonly property bool visualFocus: InputModality.isKeyboard && root.activeFocus
+    readonly property alias hovered: mouse.containsMouse
+    readonly property bool down: mouse.containsPress
+    signal clicked
 
-    focusPolicy: root.group.currentCell === root.index ? Qt.StrongFocus : Qt.ClickFocus
-    hoverEnabled: true
+    activeFocusOnTab: root.group.currentCell === root.index
     Accessible.role: Accessible.RadioButton
     Accessible.name: root.text
     Accessible.checkable: true
     Accessible.checked: root.isSelected
-    Accessible.onPressAction: root.click()
-    Accessible.onToggleAction: root.click()
+    Accessible.focusable: true
+    Accessible.focused: root.activeFocus
+    Accessible.onPressAction: root.clicked()
+    Accessible.onToggleAction: root.clicked()
     ToolTip.text: root.text
-    ToolTip.visible: root.showsToolTip && root.hovered && !root.down
+    ToolTip.visible: root.isToolTipDue && root.hovered
     ToolTip.delay: Theme.toolTipDelay
-    Keys.onReturnPressed: root.click()
-    Keys.onEnterPressed: root.click()
+    onHoveredChanged: root.isToolTipDue = root.showsToolTip && root.hovered
     onActiveFocusChanged: {
         if (root.activeFocus)
             root.group.currentCell = root.index;
+    }
+    Keys.onSpacePressed: root.clicked()
+    Keys.onReturnPressed: root.clicked()
+    Keys.onEnterPressed: root.clicked()
+
+    MouseArea {
+        id: mouse
+        anchors.fill: parent
+        z: 1
+        hoverEnabled: true
+        onPressed: {
+            root.isToolTipDue = false;
+            root.forceActiveFocus(Qt.MouseFocusReason);
+        }
+        onClicked: root.clicked()
     }
 }

@@ -13,10 +13,8 @@ Item {
         (root.isBrightnessCurrent ? brightness : saturation).forceActiveFocus(reason);
     }
     function step(right: real, up: real) {
-        if ((right === 0) !== root.isBrightnessCurrent) {
-            root.isBrightnessCurrent = right === 0;
-            root.focusCurrent(Qt.TabFocusReason);
-        }
+        (right === 0 ? brightness : saturation).forceActiveFocus(Qt.TabFocusReason);
+        root.isBrightnessCurrent = right === 0;
         root.components.setSaturationAndBrightness(root.components.saturation + right, root.components.brightness + up);
     }
     function pick(x: real, y: real) {
@@ -58,6 +56,7 @@ Item {
     ColorSlider {
         id: saturation
         objectName: "saturationSlider"
+        focus: true
         anchors.fill: parent
         name: qsTr("Saturation")
         shown: root.components.saturation

@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Nestlet.Companion
 
@@ -34,7 +36,8 @@ PickerGroup {
                 root.changed(AppearanceOptions.symbolValue(cell.index));
         }
 
-        background: Rectangle {
+        Rectangle {
+            anchors.fill: parent
             radius: Theme.swatchRadius
             color: cell.isSelected ? Theme.faded(Theme.accent, 0.15) : Theme.faded(Theme.secondary, cell.down ? 0.22 : cell.hovered ? 0.16 : 0.1)
             border.width: 1.5
@@ -54,13 +57,11 @@ PickerGroup {
             }
         }
 
-        contentItem: Item {
-            Symbol {
-                anchors.centerIn: parent
-                name: AppearanceOptions.symbolShown(cell.index)
-                size: root.size / 2
-                color: cell.isSelected ? cell.selectedColor : Theme.secondary
-            }
+        Symbol {
+            anchors.centerIn: parent
+            name: AppearanceOptions.symbolShown(cell.index)
+            size: root.size / 2
+            color: cell.isSelected ? cell.selectedColor : Theme.secondary
         }
     }
 }

@@ -5,6 +5,7 @@
 #include "platform/filesystem.h"
 
 #include <QCollator>
+#include <QLocale>
 
 #include <algorithm>
 #include <array>
@@ -27,7 +28,9 @@ FileURL asDirectory(const FileURL &url)
 // As a Mac sorts names: by the user's language, numbers by their value.
 void sortByName(QList<ImageBrowserRow> &rows)
 {
-    QCollator collator;
+    // The locale of no language knows no numbers.
+    const QLocale locale;
+    QCollator collator(locale.language() == QLocale::C ? QLocale(QLocale::English) : locale);
     collator.setNumericMode(true);
     collator.setCaseSensitivity(Qt::CaseInsensitive);
     std::ranges::sort(rows, [&](const ImageBrowserRow &first, const ImageBrowserRow &second) {
