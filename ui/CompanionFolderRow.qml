@@ -24,6 +24,8 @@ ItemDelegate {
     readonly property string caption: root.isDropTargeted ? qsTr("Drop to add") : root.status
     readonly property bool isEmphasized: root.isSelected && root.listHasFocus
     signal itemsDropped(urls: var)
+    /// By how many rows, as assistive programs ask for it.
+    signal moveRequested(step: int)
     signal reorderingBegan
     signal reordered(distance: real)
     signal reorderingEnded
@@ -40,6 +42,8 @@ ItemDelegate {
     Accessible.focusable: true
     Accessible.focused: root.isEmphasized
     Accessible.onPressAction: root.clicked()
+    Accessible.onIncreaseAction: root.moveRequested(1)
+    Accessible.onDecreaseAction: root.moveRequested(-1)
 
     ToolTip.text: root.name
     ToolTip.visible: root.hovered && nameText.truncated && !root.down

@@ -19,6 +19,8 @@ Item {
     readonly property alias picture: content
     signal removeRequested
     signal pressed
+    /// By how many places, as assistive programs ask for it.
+    signal moveRequested(step: int)
     signal dragStarted
 
     width: 96
@@ -31,6 +33,8 @@ Item {
     Accessible.focusable: true
     Accessible.focused: root.showsFocusRing
     Accessible.onPressAction: root.pressed()
+    Accessible.onIncreaseAction: root.moveRequested(1)
+    Accessible.onDecreaseAction: root.moveRequested(-1)
 
     Behavior on opacity {
         NumberAnimation {

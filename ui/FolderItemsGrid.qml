@@ -42,13 +42,16 @@ Item {
 
     function moveCurrent(event: var, step: int) {
         const target = Math.max(0, Math.min(grid.count - 1, grid.currentIndex + step));
-        if (event.modifiers & Qt.AltModifier) {
-            if (!root.isLocked && target !== grid.currentIndex)
-                root.moveRequested(root.items.itemIDAt(grid.currentIndex), target);
-        }
+        if (event.modifiers & Qt.AltModifier)
+            root.moveBy(grid.currentIndex, step);
         grid.currentIndex = target;
         root.showCurrent();
         event.accepted = true;
+    }
+    function moveBy(index: int, step: int) {
+        const target = Math.max(0, Math.min(grid.count - 1, index + step));
+        if (!root.isLocked && target !== index)
+            root.moveRequested(root.items.itemIDAt(index), target);
     }
     function showCurrent() {
         const top = root.inset + Math.floor(grid.currentIndex / root.columns) * root.rowHeight;
@@ -137,7 +140,7 @@ Item {
         interactive: false
         highlightFollowsCurrentItem: false
         keyNavigationEnabled: false
-        activeFocusOnTab: true
+        activeFocusOnTab: !root.isEmpty
         model: root.items
         Accessible.role: Accessible.List
         Accessible.name: qsTr("Items")
@@ -232,6 +235,7 @@ Item {
                     grid.forceActiveFocus(Qt.MouseFocusReason);
                 }
                 onRemoveRequested: root.removeRequested(slot.itemID)
+                onMoveRequested: step => root.moveBy(slot.index, step)
                 onDragStarted: dragSource.begin(slot.itemID, this)
             }
 

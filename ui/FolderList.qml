@@ -139,6 +139,7 @@ ListView {
             root.companion.selection = row.folderID;
         }
         onItemsDropped: urls => root.companion.addItems(row.folderID, urls)
+        onMoveRequested: step => root.companion.folders.moveFolder(row.folderID, row.index + step)
         onReorderingBegan: root.heldRow = row.index
         onReordered: distance => root.heldOffset = distance
         onReorderingEnded: root.dropHeldRow()
