@@ -19,9 +19,8 @@ Rectangle {
 
     readonly property bool isTinted: root.accentColorHex !== ""
     readonly property color tint: root.isTinted ? root.accentColorHex : root.neutralTop
-    readonly property bool showsPicture: root.pictureSource !== "" && picture.status !== Loader.Error
-                                         && !root.isPictureBroken
     property bool isPictureBroken: false
+    readonly property bool showsPicture: root.pictureSource !== "" && !root.isPictureBroken
     readonly property bool showsSymbol: !root.showsPicture
                                         && (root.iconSymbol !== "" || root.previewURLs.length === 0)
     onPictureSourceChanged: root.isPictureBroken = false
@@ -68,18 +67,13 @@ Rectangle {
     }
 
     Loader {
-        id: picture
         anchors.fill: parent
         active: root.pictureSource !== "" && !root.isPictureBroken
 
-        sourceComponent: Image {
-            source: root.pictureSource + "/" + root.radius / root.size // round as the ground is
-            sourceSize: Qt.size(root.size, root.size)
-            asynchronous: true
-            onStatusChanged: {
-                if (status === Image.Error)
-                    root.isPictureBroken = true;
-            }
+        sourceComponent: FolderPicture {
+            source: root.pictureSource
+            radius: root.radius // as the ground
+            onIsBrokenChanged: root.isPictureBroken = isBroken || root.isPictureBroken
         }
     }
 }

@@ -52,7 +52,8 @@ void LoadedPicture::updatePolish()
     if (m_isWaiting && wanted.key == m_key)
         return;
     stopWaiting();
-    m_key = wanted.key;
+    if (std::exchange(m_key, wanted.key) != wanted.key)
+        setBroken(false);
     if (m_key.isEmpty()) {
         show(isVisible() && !area.isEmpty() ? placeholder(m_picture, area) : m_picture, false);
         return;
@@ -82,6 +83,13 @@ void LoadedPicture::receivePicture(const QImage &picture)
         show(placeholder(m_picture, area), false);
     else
         show(picture, true);
+    setBroken(picture.isNull());
+}
+
+void LoadedPicture::setBroken(bool isBroken)
+{
+    if (std::exchange(m_isBroken, isBroken) != isBroken)
+        Q_EMIT isBrokenChanged();
 }
 
 void LoadedPicture::show(const QImage &picture, bool isLoaded)

@@ -16,15 +16,19 @@ class LoadedPicture : public QQuickItem, private PictureReceiver {
     QML_ANONYMOUS
     /// Whether the wanted picture is shown. False also when there is none.
     Q_PROPERTY(bool isLoaded READ isLoaded NOTIFY isLoadedChanged)
+    /// Whether the wanted picture turned out to be none.
+    Q_PROPERTY(bool isBroken READ isBroken NOTIFY isBrokenChanged)
 
 public:
     explicit LoadedPicture(QQuickItem *parent = nullptr);
     ~LoadedPicture() override;
 
     [[nodiscard]] bool isLoaded() const { return m_isLoaded; }
+    [[nodiscard]] bool isBroken() const { return m_isBroken; }
 
 Q_SIGNALS:
     void isLoadedChanged();
+    void isBrokenChanged();
 
 protected:
     /// What is wanted, for an area of so many device pixels. Asked once per frame at most.
@@ -45,12 +49,14 @@ protected:
 private:
     void receivePicture(const QImage &picture) override;
     void show(const QImage &picture, bool isLoaded);
+    void setBroken(bool isBroken);
     void stopWaiting();
 
     QPointer<PictureLoader> m_loader;
     QString m_key; ///< of what is shown or waited for
     bool m_isWaiting = false;
     bool m_isLoaded = false;
+    bool m_isBroken = false;
     bool m_isTextureOld = false;
     QImage m_picture;
 };

@@ -1,24 +1,19 @@
 #include "ui/pictureprovider.h"
 
+#include "platform/qt/imagebytes.h"
 #include "ui/pictureresponse.h"
 #include "ui/picturestore.h"
 
-#include <QBuffer>
-#include <QImageReader>
 #include <QPainter>
+#include <QQmlEngine>
 
 #include <algorithm>
 
-namespace {
-
-// The third part of a source, behind the folder and the picture's version.
-double radiusShare(const QString &sourceID)
+PictureProvider *PictureProvider::of(QQmlEngine *engine)
 {
-    constexpr double most = 0.5;
-    return std::clamp(sourceID.section(u'/', 2, 2).toDouble(), 0.0, most);
+    return engine == nullptr ? nullptr
+                             : qobject_cast<PictureProvider *>(engine->imageProvider(name()));
 }
-
-} // namespace
 
 PictureProvider::PictureProvider(const PictureStore &pictures)
     : m_pictures(pictures)
@@ -35,20 +30,29 @@ PictureProvider::~PictureProvider()
 QQuickImageResponse *PictureProvider::requestImageResponse(const QString &id,
                                                            const QSize &requestedSize)
 {
-    return new PictureResponse(
-        m_pool, [bytes = m_pictures.bytes(id), requestedSize, radius = radiusShare(id)] {
-            const QImage picture = decodedPicture(bytes, requestedSize);
-            return radius > 0 ? roundedPicture(picture, radius) : picture;
-        });
+    return new PictureResponse(m_pool, [bytes = m_pictures.bytes(id), requestedSize] {
+        return decodedPicture(bytes, requestedSize);
+    });
+}
+
+PictureRequest PictureProvider::request(const QString &source, const QSize &area,
+                                        double radiusShare) const
+{
+    const QString id = source.mid(QStringLiteral("image://picture/").size());
+    return {.key = QStringLiteral("%1 %2x%3 %4")
+                       .arg(source)
+                       .arg(area.width())
+                       .arg(area.height())
+                       .arg(radiusShare),
+            .make = [bytes = m_pictures.bytes(id), area, radiusShare] {
+                const QImage picture = decodedPicture(bytes, area);
+                return radiusShare > 0 ? roundedPicture(picture, radiusShare) : picture;
+            }};
 }
 
 QImage decodedPicture(const QByteArray &bytes, const QSize &size)
 {
-    QBuffer buffer;
-    buffer.setData(bytes);
-    QImageReader reader(&buffer);
-    reader.setAutoTransform(true);
-    QImage image = reader.read();
+    QImage image = imageFromBytes(bytes);
     const QSize covering = image.size().scaled(size.expandedTo({0, 0}), // -1: that side is free
                                                Qt::KeepAspectRatioByExpanding);
     if (!covering.isEmpty() && covering.width() < image.width())

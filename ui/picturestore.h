@@ -8,17 +8,17 @@
 
 struct DockFolder;
 
-/// The pictures that folders were given, where the window's images find them: what an Image gets as
-/// its source names an entry here. The bytes are the library's own, shared, not copied; they are
-/// decoded only when an image comes into view, by "image://picture" (see addImageProviders), at the
-/// size it is shown at. The main thread puts in, any thread takes out. Outlives the QML engine.
+/// The pictures that folders were given, where the window finds them: what a FolderPicture, or an
+/// Image, gets as its source names an entry here. The bytes are the library's own, shared, not
+/// copied; they are decoded only when an image comes into view, by "image://picture" (see
+/// addImageProviders), at the size it is shown at. The main thread puts in, any thread takes out.
+/// Outlives the QML engine.
 class PictureStore {
 public:
     /// The source for an Image that shows the folder's picture; empty when it has none. It stays
     /// the same while the picture does, and no other picture ever has it. Cheap: to be called for
-    /// each folder whenever the folders change. Give the Image a `sourceSize`, in window units. "/"
-    /// and a share of the side behind the source round the picture's corners. One that cannot be
-    /// decoded ends in Image.Error.
+    /// each folder whenever the folders change. An Image needs a `sourceSize`, in window units; of
+    /// a picture that cannot be decoded it warns.
     [[nodiscard]] QString pictureSource(const DockFolder &folder);
     /// Lets go of the pictures of all folders but these: to be called when folders may have gone.
     void keepOnly(const QList<DockFolder> &folders);

@@ -51,6 +51,7 @@ private Q_SLOTS:
 
 private:
     [[nodiscard]] PictureRequest request(const QString &key);
+    [[nodiscard]] PictureRequest slowRequest(const QString &key);
     void occupyAllThreads();
     [[nodiscard]] QStringList made();
 
@@ -83,6 +84,14 @@ PictureRequest PictureLoaderTest::request(const QString &key)
                 const QMutexLocker lock(&m_mutex);
                 m_made.append(key);
                 return square(10);
+            }};
+}
+
+PictureRequest PictureLoaderTest::slowRequest(const QString &key)
+{
+    return {.key = key, .make = [make = request(key).make] {
+                QThread::msleep(5);
+                return make();
             }};
 }
 
@@ -279,7 +288,7 @@ void PictureLoaderTest::dropsTheRestWhenItGoes()
     occupyAllThreads();
     Receiver receiver;
     for (int i = 0; i < 1000; ++i)
-        m_loader->load(request(QString::number(i)), receiver);
+        m_loader->load(slowRequest(QString::number(i)), receiver);
     m_gate.release(std::exchange(m_occupied, 0));
     m_loader.reset();
     QVERIFY(made().size() < 1000);
