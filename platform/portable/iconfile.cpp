@@ -1,6 +1,7 @@
 #include "platform/portable/iconfile.h"
 
 #include "platform/portable/iconplanes.h"
+#include "platform/qt/imagebytes.h"
 
 #include <QFile>
 #include <QImageReader>
@@ -103,7 +104,7 @@ QImage pictureOf(QFile &file, const QList<Element> &elements, const Element &ele
     const QByteArray content = bytesAt(file, element.start, element.length);
     const PlaneType *const type = planeType(element.type);
     if (type == nullptr || content.startsWith("\x89PNG"))
-        return QImage::fromData(content, "PNG");
+        return imageFromBytes(content);
     if (type->mask.isEmpty())
         return imageFromPlanes(content, type->side);
     return imageFromPlanes(content, contentOf(file, elements, type->mask), type->side);

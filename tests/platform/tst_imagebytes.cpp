@@ -1,0 +1,89 @@
+#include "platform/qt/imagebytes.h"
+
+#include <QBuffer>
+#include <QFile>
+#include <QRegularExpression>
+#include <QTest>
+
+namespace {
+
+QByteArray encoded(const char *format)
+{
+    QImage image(12, 8, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    image.save(&buffer, format);
+    return bytes;
+}
+
+// What of the toolkit's plugins this process has loaded.
+QByteArray loadedImagePlugins()
+{
+    QFile maps(QStringLiteral("/proc/self/maps"));
+    QByteArray plugins;
+    if (maps.open(QIODevice::ReadOnly)) {
+        for (const QByteArray &line : maps.readAll().split('\n')) {
+            if (line.contains("/imageformats/"))
+                plugins += line.mid(line.lastIndexOf('/') + 1) + ' ';
+        }
+    }
+    return plugins;
+}
+
+} // namespace
+
+class ImageBytesTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral(".*"))); }
+    void loadsNoPluginForTheMostUsualKind(); // first: once loaded, they stay
+    void readsPicturesOfManyKinds_data();
+    void readsPicturesOfManyKinds();
+    void readsNothingFromOtherBytes_data();
+    void readsNothingFromOtherBytes();
+};
+
+void ImageBytesTest::loadsNoPluginForTheMostUsualKind()
+{
+    QVERIFY(
+        !imageFromBytes(
+             QByteArray::fromBase64(
+                 "iVBORw0KGgoAAAANSUhEUgAAAAEAAAABCAYAAAAfFcSJAAAADUlEQVR42mP8z8BQDwAEhQGAhKmMIQAA"
+                 "AABJRU5ErkJggg=="))
+             .isNull());
+    QCOMPARE(loadedImagePlugins(), QByteArray());
+}
+
+void ImageBytesTest::readsPicturesOfManyKinds_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    for (const char *format : {"png", "jpeg", "bmp", "tiff"})
+        QTest::newRow(format) << encoded(format);
+}
+
+void ImageBytesTest::readsPicturesOfManyKinds()
+{
+    QFETCH(QByteArray, bytes);
+    const QImage image = imageFromBytes(bytes);
+    QCOMPARE(image.size(), QSize(12, 8));
+    QVERIFY(image.pixelColor(6, 4).red() > 250 && image.pixelColor(6, 4).green() < 5);
+}
+
+void ImageBytesTest::readsNothingFromOtherBytes_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::newRow("none") << QByteArray();
+    QTest::newRow("a text") << QByteArrayLiteral("No picture at all");
+    QTest::newRow("the start of a PNG alone") << encoded("png").first(8);
+}
+
+void ImageBytesTest::readsNothingFromOtherBytes()
+{
+    QFETCH(QByteArray, bytes);
+    QVERIFY(imageFromBytes(bytes).isNull());
+}
+
+QTEST_GUILESS_MAIN(ImageBytesTest)
+#include "tst_imagebytes.moc"
