@@ -17,8 +17,8 @@ class AppPickerModel : public QAbstractListModel {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(ApplicationScan *scan READ scan WRITE setScan NOTIFY scanChanged)
-    Q_PROPERTY(QStringList existingURLs READ existingURLs WRITE setExistingURLs NOTIFY
-                   existingURLsChanged)
+    Q_PROPERTY(
+        QStringList existingURLs READ existingURLs WRITE setExistingURLs NOTIFY existingURLsChanged)
     Q_PROPERTY(QString searchText READ searchText WRITE setSearchText NOTIFY searchTextChanged)
     Q_PROPERTY(int count READ count NOTIFY contentChanged)
     Q_PROPERTY(bool isLoading READ isLoading NOTIFY contentChanged)
