@@ -20,5 +20,12 @@ Menu {
             border.color: Theme.menuBorder
         }
     }
+    // All of a menu fits: it needs nothing that tells where one is in it.
+    contentItem: ListView {
+        implicitHeight: contentHeight
+        model: root.contentModel
+        interactive: false
+        currentIndex: root.currentIndex
+    }
     delegate: CompanionMenuItem {}
 }
