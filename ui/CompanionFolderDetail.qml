@@ -100,6 +100,11 @@ Item {
         anchors.bottom: parent.bottom
         contentHeight: sections.height + Theme.contentInset + Theme.contentBottomInset
 
+        EdgeScroller {
+            id: edges
+            flickable: scroll
+        }
+
         Column {
             id: sections
             x: Theme.contentInset
@@ -284,6 +289,8 @@ Item {
                     onRemoveRequested: itemID => root.folder.removeItem(itemID)
                     onMoveRequested: (itemID, index) => root.folder.moveItem(itemID, index)
                     onAddRequested: urls => root.folder.addItems(urls)
+                    onDragMoved: place => edges.position = scroll.mapFromItem(null, place).y
+                    onDragEnded: edges.position = NaN
                     onRevealRequested: (top, bottom) => scroll.reveal(grid.contentTop + top, grid.contentTop + bottom)
                 }
             }

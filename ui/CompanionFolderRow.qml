@@ -26,9 +26,6 @@ ItemDelegate {
     signal itemsDropped(urls: var)
     /// By how many rows, as assistive programs ask for it.
     signal moveRequested(step: int)
-    signal reorderingBegan
-    signal reordered(distance: real)
-    signal reorderingEnded
 
     height: Theme.rowHeight
     padding: 0
@@ -138,24 +135,5 @@ ItemDelegate {
         anchors.fill: parent
         enabled: !root.isLocked
         onDropped: urls => root.itemsDropped(urls)
-    }
-
-    DragHandler {
-        id: reordering
-        target: null
-        enabled: !root.isLocked
-        acceptedButtons: Qt.LeftButton
-        xAxis.enabled: false
-        dragThreshold: 5
-        onActiveChanged: {
-            if (active)
-                root.reorderingBegan();
-            else
-                root.reorderingEnded();
-        }
-        onTranslationChanged: {
-            if (active)
-                root.reordered(translation.y);
-        }
     }
 }

@@ -78,6 +78,7 @@ Item {
             y: 6
             url: root.url
             size: 56
+            isShadowed: true
         }
 
         CompanionText {

@@ -26,6 +26,9 @@ Item {
     signal removeRequested(itemID: string)
     signal moveRequested(itemID: string, index: int)
     signal addRequested(urls: var)
+    /// Something dragged is at a place of the window; and no more.
+    signal dragMoved(place: point)
+    signal dragEnded
     /// A stretch of the grid that the keyboard has reached.
     signal revealRequested(top: real, bottom: real)
 
@@ -84,6 +87,8 @@ Item {
         anchors.fill: parent
         enabled: !root.isLocked
         onDropped: urls => root.addRequested(urls)
+        onDragMoved: place => root.dragMoved(place)
+        onDragEnded: root.dragEnded()
     }
 
     Item {
@@ -251,6 +256,8 @@ Item {
                 onMoveRequested: (itemID, index) => root.moveRequested(itemID, index)
                 onItemDropped: root.draggedItemID = ""
                 onDropped: urls => root.addRequested(urls)
+                onDragMoved: place => root.dragMoved(place)
+                onDragEnded: root.dragEnded()
             }
         }
     }

@@ -15,13 +15,17 @@ ListView {
     // Type-ahead
     property string typedText
 
-    // Reordering by the pointer: the row in hand, how far it was taken, and before which row it goes.
+    // Reordering by the pointer: the row in hand, where in the row it is held, and where the pointer is
+    // in the visible part of the list.
     property int heldRow: -1
-    property real heldOffset: 0
+    property CompanionFolderRow heldItem: null
+    property real holdOffset: 0
+    property real holdPosition: 0
     readonly property int dropRow: root.heldRow < 0
                                    ? -1 : Math.max(root.firstMovableRow,
                                                    Math.min(root.count - 1,
-                                                            root.heldRow + Math.round(root.heldOffset / Theme.rowHeight)))
+                                                            Math.floor((root.holdPosition - root.holdOffset + root.contentY)
+                                                                       / Theme.rowHeight + 0.5)))
 
     function selectRow(row: int) {
         if (row < 0 || row >= root.count)
@@ -36,11 +40,21 @@ ListView {
     function showSelection() {
         root.currentIndex = root.companion.folders.rowOf(root.companion.selection);
     }
+    function holdRow(place: point) {
+        const y = root.mapFromItem(null, place).y;
+        const row = root.indexAt(1, y + root.contentY);
+        if (row < root.firstMovableRow)
+            return;
+        root.holdOffset = y + root.contentY - row * Theme.rowHeight;
+        root.holdPosition = y;
+        root.heldRow = row;
+        root.heldItem = root.itemAtIndex(row) as CompanionFolderRow;
+    }
     function dropHeldRow() {
         const row = root.heldRow;
         const target = root.dropRow;
         root.heldRow = -1;
-        root.heldOffset = 0;
+        root.heldItem = null;
         if (row >= 0 && target !== row)
             root.companion.folders.moveFolder(root.companion.folders.folderIDAt(row), target);
     }
@@ -111,6 +125,11 @@ ListView {
         target: root
     }
 
+    EdgeScroller {
+        flickable: root
+        position: root.heldRow >= 0 ? root.holdPosition : NaN
+    }
+
     displaced: Transition {
         NumberAnimation {
             properties: "y"
@@ -126,11 +145,7 @@ ListView {
         width: ListView.view.width
         isSelected: row.folderID === root.companion.selection
         listHasFocus: root.activeFocus
-        z: row.index === root.heldRow ? 2 : 0
-        opacity: row.index === root.heldRow ? 0.7 : 1
-        transform: Translate {
-            y: row.index === root.heldRow ? root.heldOffset : 0
-        }
+        opacity: row.index === root.heldRow ? 0.35 : 1
         ListView.onPooled: row.isPooled = true
         ListView.onReused: row.isPooled = false
         onPressed: root.forceActiveFocus(Qt.MouseFocusReason)
@@ -140,9 +155,32 @@ ListView {
         }
         onItemsDropped: urls => root.companion.addItems(row.folderID, urls)
         onMoveRequested: step => root.companion.folders.moveFolder(row.folderID, row.index + step)
-        onReorderingBegan: root.heldRow = row.index
-        onReordered: distance => root.heldOffset = distance
-        onReorderingEnded: root.dropHeldRow()
+    }
+
+    DragHandler {
+        target: null
+        acceptedButtons: Qt.LeftButton
+        xAxis.enabled: false
+        dragThreshold: 5
+        onActiveChanged: {
+            if (active)
+                root.holdRow(centroid.scenePressPosition);
+            else
+                root.dropHeldRow();
+        }
+        onCentroidChanged: {
+            if (active)
+                root.holdPosition = root.mapFromItem(null, centroid.scenePosition).y;
+        }
+    }
+
+    HeldFolder {
+        parent: root
+        visible: root.heldRow >= 0
+        y: root.holdPosition - root.holdOffset
+        z: 4
+        width: root.width
+        row: root.heldItem
     }
 
     Rectangle {

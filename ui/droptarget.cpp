@@ -37,23 +37,27 @@ void DropTarget::dragEnterEvent(QDragEnterEvent *event)
         return;
     }
     dropEntered(info);
+    Q_EMIT dragMoved(mapToScene(event->position()));
     acceptDrop(event);
 }
 
 // Only what was accepted on entering moves on over the area.
 void DropTarget::dragMoveEvent(QDragMoveEvent *event)
 {
+    Q_EMIT dragMoved(mapToScene(event->position()));
     acceptDrop(event);
 }
 
 void DropTarget::dragLeaveEvent(QDragLeaveEvent *event)
 {
     dropExited();
+    Q_EMIT dragEnded();
     event->accept();
 }
 
 void DropTarget::dropEvent(QDropEvent *event)
 {
     performDrop(MimeDropInfo(event->mimeData()));
+    Q_EMIT dragEnded();
     acceptDrop(event);
 }

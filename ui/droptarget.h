@@ -19,6 +19,10 @@ public:
 
 Q_SIGNALS:
     void isTargetedChanged();
+    /// An accepted drag is at a place of the window.
+    void dragMoved(const QPointF &place);
+    /// It has left the area or was dropped.
+    void dragEnded();
     /// Texts of file URLs; at least one.
     void dropped(const QStringList &urls);
 

@@ -11,6 +11,11 @@ int sideOf(const QSize &area)
     return std::min(area.width(), area.height());
 }
 
+DropShadow shadow(qreal pixelRatio)
+{
+    return {.radius = qRound(4 * pixelRatio), .offset = qRound(2 * pixelRatio), .opacity = 0.15};
+}
+
 // The window's icons come in few sizes, and mostly many of one size after the other.
 QImage sharedPlaceholder(int side, const QColor &color)
 {
@@ -29,6 +34,7 @@ FileIconPicture::FileIconPicture(QQuickItem *parent)
     : LoadedPicture(parent)
 {
     connect(this, &FileIconPicture::placeholderColorChanged, this, &FileIconPicture::changed);
+    connect(this, &FileIconPicture::isShadowedChanged, this, &FileIconPicture::changed);
 }
 
 void FileIconPicture::setURL(const QString &url)
@@ -42,7 +48,11 @@ void FileIconPicture::setURL(const QString &url)
 
 PictureRequest FileIconPicture::request(IconProvider &icons, const QSize &area) const
 {
-    return m_url.isEmpty() ? PictureRequest() : icons.iconRequest(m_url, sideOf(area));
+    if (m_url.isEmpty())
+        return {};
+    if (m_isShadowed)
+        return icons.shadowedIconRequest(m_url, sideOf(area), shadow(pixelRatio()));
+    return icons.iconRequest(m_url, sideOf(area));
 }
 
 QImage FileIconPicture::placeholder(const QImage &, const QSize &area) const

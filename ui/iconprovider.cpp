@@ -41,6 +41,13 @@ PictureRequest IconProvider::iconRequest(const QString &url, int side) const
             .make = [this, url, side] { return icon(url, side); }};
 }
 
+PictureRequest IconProvider::shadowedIconRequest(const QString &url, int side,
+                                                 const DropShadow &shadow)
+{
+    return {.key = QStringLiteral("shadowed icon %1 ").arg(side) + url,
+            .make = [this, url, side, shadow] { return withDropShadow(icon(url, side), shadow); }};
+}
+
 PictureRequest IconProvider::gridRequest(const IconGrid &grid)
 {
     return {.key = grid.key(), .make = [this, grid] { return gridPicture(grid); }};

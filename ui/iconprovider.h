@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ui/dropshadow.h"
 #include "ui/icongrid.h"
 #include "ui/pictureloader.h"
 
@@ -27,6 +28,9 @@ public:
     [[nodiscard]] PictureLoader &loader() { return m_loader; }
     /// The icon of the file with that URL, `side` device pixels wide.
     [[nodiscard]] PictureRequest iconRequest(const QString &url, int side) const;
+    /// The same with a shadow around it, in a larger picture.
+    [[nodiscard]] PictureRequest shadowedIconRequest(const QString &url, int side,
+                                                     const DropShadow &shadow);
     /// A mini grid of icons as one picture.
     [[nodiscard]] PictureRequest gridRequest(const IconGrid &grid);
 

@@ -25,7 +25,7 @@ void ItemDragSource::drag(const QString &itemID, const QImage &picture, const QP
     drag->setMimeData(content);
     drag->setPixmap(QPixmap::fromImage(picture));
     drag->setHotSpot(hotSpot);
-    drag->exec(Qt::CopyAction | Qt::MoveAction, Qt::MoveAction);
+    drag->exec(Qt::MoveAction);
     if (self) // the window may have been closed meanwhile
         Q_EMIT ended();
 }

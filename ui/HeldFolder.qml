@@ -1,0 +1,60 @@
+import QtQuick
+
+/// The picture of a sidebar row that the pointer holds. It stays as it was when it was taken, as the row
+/// may be used for another folder once it is out of view.
+Item {
+    id: root
+
+    required property CompanionFolderRow row
+
+    height: Theme.rowHeight
+    Accessible.ignored: true
+    onRowChanged: {
+        if (!root.row)
+            return;
+        nameText.text = root.row.name;
+        thumbnail.folderID = root.row.folderID;
+        thumbnail.accentColorHex = root.row.accentColorHex;
+        thumbnail.iconSymbol = root.row.iconSymbol;
+        thumbnail.pictureSource = root.row.pictureSource;
+        thumbnail.previewURLs = root.row.previewURLs;
+        thumbnail.previewColumns = root.row.previewColumns;
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        anchors.leftMargin: Theme.selectionInset
+        anchors.rightMargin: Theme.selectionInset
+        radius: Theme.buttonRadius
+        color: Theme.menu
+        border.width: 1
+        border.color: Theme.menuBorder
+        opacity: 0.9
+    }
+
+    SidebarFolderThumbnail {
+        id: thumbnail
+        anchors.left: parent.left
+        anchors.leftMargin: Theme.selectionInset + Theme.rowInset
+        anchors.verticalCenter: parent.verticalCenter
+        size: 36
+        radius: 8
+        folderID: ""
+        accentColorHex: ""
+        iconSymbol: ""
+        pictureSource: ""
+        previewURLs: []
+        previewColumns: 2
+        isLocked: false
+    }
+
+    CompanionText {
+        id: nameText
+        anchors.left: thumbnail.right
+        anchors.leftMargin: 8
+        anchors.right: parent.right
+        anchors.rightMargin: Theme.selectionInset + 4
+        anchors.verticalCenter: parent.verticalCenter
+        font: Theme.headline
+    }
+}
