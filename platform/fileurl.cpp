@@ -109,7 +109,7 @@ bool isAllowedInExtension(QChar c)
 {
     const char16_t u = c.unicode();
     return u != u' ' && u != u'/' && u != 0x061c && u != 0x200e && u != 0x200f
-        && !(u >= 0x202a && u <= 0x202e) && !(u >= 0x2066 && u <= 0x2069);
+        && (u < 0x202a || u > 0x202e) && (u < 0x2066 || u > 0x2069);
 }
 
 // Where the extension's dot stands in a path component, or -1.
