@@ -2,12 +2,9 @@
 #include "sandbox/common/standinmac.h"
 #include "sandbox/common/statelog.h"
 #include "sandbox/dock/dock.h"
-#include "sandbox/scene/appearance.h"
-#include "sandbox/scene/iconprovider.h"
+#include "sandbox/scene/stage.h"
 
 #include <QGuiApplication>
-#include <QQmlApplicationEngine>
-#include <QQuickWindow>
 #include <QtQml/QQmlExtensionPlugin>
 
 #include <cstdio>
@@ -26,9 +23,7 @@ int fail(const char *reason)
 
 int main(int argc, char *argv[])
 {
-    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software); // quick to start, and light
     QGuiApplication application(argc, argv);
-    QGuiApplication::setQuitOnLastWindowClosed(false);
     Signals signals;
     QObject::connect(&signals, &Signals::terminationRequested, &application,
                      &QCoreApplication::quit);
@@ -37,22 +32,11 @@ int main(int argc, char *argv[])
         return fail("is no application of a stand-in Mac");
     logState(QStringLiteral("started Dock"));
 
-    auto *icons = new IconProvider; // the engine will own it
-    QQmlApplicationEngine engine;
-    engine.addImportPath(QStringLiteral(":/qt/qml"));
-    engine.addImageProvider(QStringLiteral("icons"), icons);
-    Dock dock(*mac, *icons);
-    Appearance appearance;
-    engine.setInitialProperties({{QStringLiteral("dock"), QVariant::fromValue(&dock)},
-                                 {QStringLiteral("appearance"), QVariant::fromValue(&appearance)}});
-    engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Sandbox/Dock/DockWindow.qml")));
-    if (engine.rootObjects().isEmpty())
+    Stage stage;
+    Dock dock(*mac, stage.icons());
+    if (!stage.load(QStringLiteral("Sandbox/Dock/DockWindow.qml"),
+                    {{QStringLiteral("dock"), QVariant::fromValue(&dock)}}))
         return fail("has no window");
     logState(QStringLiteral("ready"));
-    const int status = QGuiApplication::exec();
-    for (QObject *root : engine.rootObjects()) // before what it shows goes
-        delete root;
-    // Their textures wait for an event loop to delete them.
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    return status;
+    return stage.run();
 }

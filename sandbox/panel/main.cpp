@@ -3,13 +3,10 @@
 #include "sandbox/common/standinmac.h"
 #include "sandbox/common/statelog.h"
 #include "sandbox/panel/panel.h"
-#include "sandbox/scene/appearance.h"
-#include "sandbox/scene/iconprovider.h"
+#include "sandbox/scene/stage.h"
 
 #include <QFileInfo>
 #include <QGuiApplication>
-#include <QQmlApplicationEngine>
-#include <QQuickWindow>
 #include <QtQml/QQmlExtensionPlugin>
 
 #include <cstdio>
@@ -52,9 +49,7 @@ int fail(const char *reason)
 
 int main(int argc, char *argv[])
 {
-    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software); // quick to start, and light
     QGuiApplication application(argc, argv);
-    QGuiApplication::setQuitOnLastWindowClosed(false);
     Signals signals;
     const auto bundle = ownBundle();
     const auto mac = StandInMac::current();
@@ -65,22 +60,12 @@ int main(int argc, char *argv[])
 
     Panel panel(*mac, *bundle);
     obeySignals(signals, panel, ignoresTermination(*bundle));
-    Appearance appearance;
-    QQmlApplicationEngine engine;
-    engine.addImportPath(QStringLiteral(":/qt/qml"));
-    engine.addImageProvider(QStringLiteral("icons"), new IconProvider);
-    engine.setInitialProperties({{QStringLiteral("panel"), QVariant::fromValue(&panel)},
-                                 {QStringLiteral("appearance"), QVariant::fromValue(&appearance)}});
-    engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Sandbox/Panel/PanelWindow.qml")));
-    if (engine.rootObjects().isEmpty())
+    Stage stage;
+    if (!stage.load(QStringLiteral("Sandbox/Panel/PanelWindow.qml"),
+                    {{QStringLiteral("panel"), QVariant::fromValue(&panel)}}))
         return fail("has no window");
     if (qEnvironmentVariable("NESTLET_ACTIVATES") != u"0")
         panel.showAt(qEnvironmentVariableIntValue("NESTLET_STANDIN_ANCHOR"));
     logState(QStringLiteral("ready"));
-    const int status = QGuiApplication::exec();
-    for (QObject *root : engine.rootObjects()) // before what it shows goes
-        delete root;
-    // Their textures wait for an event loop to delete them.
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    return status;
+    return stage.run();
 }
