@@ -18,8 +18,6 @@ public:
     /// 0 when absent.
     [[nodiscard]] virtual qint64 integer(const QString &key) const = 0;
     virtual void setInteger(const QString &key, qint64 value) = 0;
-    /// Removes every key of the domain.
-    virtual void removeAll() = 0;
     /// Waits until other processes can see what was written.
     virtual void synchronize() = 0;
 };

@@ -13,15 +13,6 @@ NSUserDefaults *defaultsOf(const QString &suite)
     return [[[NSUserDefaults alloc] initWithSuiteName:nsString(suite)] autorelease];
 }
 
-// A program outside a bundle has the domain of its process's name.
-NSString *domainOf(const QString &suite)
-{
-    if (!suite.isEmpty())
-        return nsString(suite);
-    NSString *identifier = [[NSBundle mainBundle] bundleIdentifier];
-    return identifier ? identifier : [[NSProcessInfo processInfo] processName];
-}
-
 } // namespace
 
 std::optional<QVariantList> MacUserDefaults::array(const QString &key) const
@@ -54,13 +45,6 @@ void MacUserDefaults::setInteger(const QString &key, qint64 value)
 {
     @autoreleasepool {
         [defaultsOf(m_suite) setInteger:value forKey:nsString(key)];
-    }
-}
-
-void MacUserDefaults::removeAll()
-{
-    @autoreleasepool {
-        [defaultsOf(m_suite) removePersistentDomainForName:domainOf(m_suite)];
     }
 }
 

@@ -122,8 +122,3 @@ void PortableUserDefaults::setInteger(const QString &key, qint64 value)
 {
     setValue(key, value);
 }
-
-void PortableUserDefaults::removeAll()
-{
-    ignoringErrors([&] { PosixFileSystem().remove(m_file); });
-}

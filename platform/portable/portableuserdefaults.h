@@ -21,7 +21,6 @@ public:
     void setArray(const QString &key, const QVariantList &value) override;
     [[nodiscard]] qint64 integer(const QString &key) const override;
     void setInteger(const QString &key, qint64 value) override;
-    void removeAll() override;
     void synchronize() override { } // every change is in the file at once
 
 private:

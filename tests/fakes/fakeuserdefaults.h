@@ -35,11 +35,5 @@ struct FakeUserDefaults final : UserDefaults {
         values.insert(key, value);
     }
 
-    void removeAll() override
-    {
-        ++writes;
-        values.clear();
-    }
-
     void synchronize() override { ++synchronizations; }
 };

@@ -42,7 +42,6 @@ private Q_SLOTS:
     void readsIntegersLeniently_data();
     void readsIntegersLeniently();
     void seesWhatOthersWrite();
-    void removesEveryKey();
     void putsADamagedFileAside();
     void writesThatFailAreLost();
 
@@ -149,15 +148,6 @@ void PortableUserDefaultsTest::seesWhatOthersWrite()
     QCOMPARE(reader.integer(QStringLiteral("n")), 2);
 }
 
-void PortableUserDefaultsTest::removesEveryKey()
-{
-    store(dockValues(), PropertyListFormat::XML);
-    PortableUserDefaults defaults(m_file);
-    defaults.removeAll();
-    defaults.removeAll(); // nothing left: no error
-    QVERIFY(!defaults.array(tiles));
-}
-
 void PortableUserDefaultsTest::putsADamagedFileAside()
 {
     PortableUserDefaults defaults(m_file);
@@ -192,7 +182,6 @@ void PortableUserDefaultsTest::writesThatFailAreLost()
         const Unprivileged user;
         QVERIFY(user.isInForce());
         defaults.setInteger(QStringLiteral("n"), 1);
-        defaults.removeAll();
     }
     QCOMPARE(::chmod(directory.nativePath().constData(), 0755), 0);
     QCOMPARE(stored(), dockValues());

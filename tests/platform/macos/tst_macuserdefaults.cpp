@@ -22,7 +22,6 @@ private Q_SLOTS:
     void valuesComeBackWithTheirTypes();
     void dockTilesComeBackInOrder();
     void valueThatIsNoPropertyListIsNotWritten();
-    void removeAllRemovesEveryKey();
     void domainThatCannotBeOpenedIsSilent();
     void writtenValuesReachTheDisk();
 };
@@ -31,18 +30,18 @@ namespace {
 
 const QString key = QStringLiteral("persistent-apps");
 const QString number = QStringLiteral("NLC_dismissedUpdateBuild");
+const QString absent = QStringLiteral("NLC_written by no test");
 
 } // namespace
 
 void MacUserDefaultsTest::init()
 {
     QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
-    MacUserDefaults().removeAll();
 }
 
 void MacUserDefaultsTest::absentIntegerIsZero()
 {
-    QCOMPARE(MacUserDefaults().integer(number), 0);
+    QCOMPARE(MacUserDefaults().integer(absent), 0);
 }
 
 void MacUserDefaultsTest::integersComeBack_data()
@@ -63,7 +62,7 @@ void MacUserDefaultsTest::integersComeBack()
 
 void MacUserDefaultsTest::absentArrayIsNothing()
 {
-    QVERIFY(!MacUserDefaults().array(key));
+    QVERIFY(!MacUserDefaults().array(absent));
 }
 
 void MacUserDefaultsTest::otherValueIsNoArray()
@@ -136,22 +135,12 @@ void MacUserDefaultsTest::valueThatIsNoPropertyListIsNotWritten()
     QCOMPARE(MacUserDefaults().array(key), before);
 }
 
-void MacUserDefaultsTest::removeAllRemovesEveryKey()
-{
-    MacUserDefaults().setInteger(number, 42);
-    MacUserDefaults().setArray(key, {true});
-    MacUserDefaults().removeAll();
-    QCOMPARE(MacUserDefaults().integer(number), 0);
-    QVERIFY(!MacUserDefaults().array(key));
-}
-
 void MacUserDefaultsTest::domainThatCannotBeOpenedIsSilent()
 {
     MacUserDefaults dock(QStringLiteral("com.apple.dock")); // GNUstep opens no other program's
     dock.setArray(key, {true});
     dock.setInteger(number, 1);
     dock.synchronize();
-    dock.removeAll();
     QVERIFY(!dock.array(key));
     QCOMPARE(dock.integer(number), 0);
 }
