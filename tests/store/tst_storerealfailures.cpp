@@ -301,5 +301,5 @@ void StoreRealFailuresTest::everyNameIsInstalledWhereItBelongs()
     QVERIFY(m_scene.waitUntilGone(folder));
 }
 
-QTEST_GUILESS_MAIN(StoreRealFailuresTest)
+QTEST_MAIN(StoreRealFailuresTest)
 #include "tst_storerealfailures.moc"

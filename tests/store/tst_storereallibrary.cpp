@@ -205,5 +205,5 @@ void StoreRealLibraryTest::anEditAndAnOutsideChangeBothArrive()
                           QStringLiteral("From outside")}));
 }
 
-QTEST_GUILESS_MAIN(StoreRealLibraryTest)
+QTEST_MAIN(StoreRealLibraryTest)
 #include "tst_storereallibrary.moc"

@@ -393,5 +393,5 @@ void StoreRealProxiesTest::resetTakesEverythingAway()
     QVERIFY(QFileInfo::exists(m_scene.standIn().path(u"Applications/Beta.app")));
 }
 
-QTEST_GUILESS_MAIN(StoreRealProxiesTest)
+QTEST_MAIN(StoreRealProxiesTest)
 #include "tst_storerealproxies.moc"
