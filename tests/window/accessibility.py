@@ -15,17 +15,58 @@ class Widget:
         self._node = node
         self.name = node.get_name() or ""
         self.role = node.get_role_name()
-        self.description = node.get_description() or ""
+
+    @property
+    def description(self):
+        return self._node.get_description() or ""
 
     def centre(self):
         area = Atspi.Component.get_extents(self._node, Atspi.CoordType.SCREEN)
         return area.x + area.width // 2, area.y + area.height // 2
 
+    def place(self):
+        """Left, top, width and height on the screen."""
+        area = Atspi.Component.get_extents(self._node, Atspi.CoordType.SCREEN)
+        return area.x, area.y, area.width, area.height
+
+    def states(self):
+        return {state.value_nick for state in self._node.get_state_set().get_states()}
+
+    def has(self, state):
+        return state in self.states()
+
     def is_shown(self):
-        return self._node.get_state_set().contains(Atspi.StateType.SHOWING)
+        return self.has("showing")
 
     def text(self):
         return Atspi.Text.get_text(self._node, 0, -1)
+
+    def set_text(self, text):
+        if not Atspi.EditableText.set_text_contents(self._node, text):
+            raise AssertionError(f"no text can be put into the {self.role} “{self.name}”")
+
+    def value(self):
+        return Atspi.Value.get_current_value(self._node)
+
+    def set_value(self, value):
+        if not Atspi.Value.set_current_value(self._node, value):
+            raise AssertionError(f"no value can be given to the {self.role} “{self.name}”")
+
+    def actions(self):
+        return [Atspi.Action.get_action_name(self._node, index)
+                for index in range(Atspi.Action.get_n_actions(self._node))]
+
+    def act(self, action):
+        actions = self.actions()
+        if action not in actions:
+            raise AssertionError(f"the {self.role} “{self.name}” has no action {action}")
+        Atspi.Action.do_action(self._node, actions.index(action))
+
+    def press(self):
+        self.act("Press")
+
+    def focus(self):
+        self.act("SetFocus")
 
     def children(self):
         children = []
@@ -35,11 +76,24 @@ class Widget:
                 children.append(Widget(child))
         return children
 
+    def shown_children(self):
+        return [child for child in self.children() if child.is_shown()]
+
     def descendants(self):
         yield self
-        for child in self.children():
-            if child.is_shown():
-                yield from child.descendants()
+        for child in self.shown_children():
+            yield from child.descendants()
+
+    def path(self):
+        """The names of what it is in, innermost first."""
+        names, node = [], self._node.get_parent()
+        while node is not None and node.get_role_name() != "application":
+            names.append(f"{node.get_role_name()} “{node.get_name()}”")
+            node = node.get_parent()
+        return " in ".join(names)
+
+    def __str__(self):
+        return f"{self.role} “{self.name}”"
 
 
 class Program:
@@ -59,12 +113,15 @@ class Program:
         return None
 
     def widgets(self):
-        """Those on the screen; none while the program changes under our eyes."""
-        try:
-            application = self._application()
-            return list(application.descendants()) if application else []
-        except (GLib.Error, AttributeError):
-            return []
+        """Those on the screen. While the program changes under our eyes, a look may have to be taken
+        again."""
+        for _ in range(20):
+            try:
+                application = self._application()
+                return list(application.descendants()) if application else []
+            except (GLib.Error, AttributeError):
+                continue
+        return []
 
     def look(self, role, name):
         for widget in self.widgets():
@@ -74,6 +131,26 @@ class Program:
 
     def find(self, role, name):
         return wait_for(f"the {role} “{name}”", lambda: self.look(role, name))
+
+    def wait_until_gone(self, role, name):
+        def is_gone():
+            widgets = self.widgets()
+            return widgets and all((widget.role, widget.name) != (role, name) for widget in widgets)
+        wait_for(f"the {role} “{name}” to go", is_gone)
+
+    def focused(self):
+        """The innermost control that has the focus."""
+        with_focus = [widget for widget in self.widgets() if widget.has("focused")]
+        return with_focus[-1] if with_focus else None
+
+    def wait_for_focus(self, role, name):
+        def is_there():
+            widget = self.focused()
+            return widget and (widget.role, widget.name) == (role, name)
+        try:
+            wait_for(f"the focus on the {role} “{name}”", is_there)
+        except AssertionError as failure:
+            raise AssertionError(f"{failure}; it is on {self.focused()}") from None
 
     def names(self, role):
         return [widget.name for widget in self.widgets() if widget.role == role]

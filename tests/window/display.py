@@ -98,21 +98,55 @@ class Display:
     def picture(self, path):
         subprocess.run(["import", "-window", "root", str(path)], env=self.environment, check=False)
 
+    def window(self, title):
+        search = ["xdotool", "search", "--onlyvisible", "--name", f"^{title}$"]
+        return subprocess.check_output(search, env=self.environment, text=True).split()[0]
+
+    def active_title(self):
+        """Of the window that has the keyboard."""
+        answer = subprocess.run(["xdotool", "getactivewindow", "getwindowname"], text=True,
+                                env=self.environment, capture_output=True)
+        return answer.stdout.strip()
+
+    def picture_of(self, window, path):
+        """Without its frame."""
+        subprocess.run(["import", "-window", window, str(path)], env=self.environment, check=True)
+
     def do(self, *arguments):
         """Real input: `xdotool` speaks to the X server's test extension."""
         subprocess.run(["xdotool", *map(str, arguments)], env=self.environment, check=True)
+
+    def park_pointer(self):
+        """Puts the pointer where nothing follows it."""
+        self.do("mousemove", 1439, 0)
+
+    def hover(self, place):
+        self.do("mousemove", place[0] - 3, place[1], "sleep", "0.05", "mousemove", *place)
+
+    def double_click(self, place):
+        self.do("mousemove", *place, "sleep", "0.05", "click", "--repeat", "2", "--delay", "60", "1")
 
     def click(self, place):
         self.do("mousemove", *place, "sleep", "0.05", "click", "1")
 
     def drag(self, start, end):
+        self.begin_drag(start, end)
+        self.let_go(end)
+
+    def begin_drag(self, start, end):
         """In steps, as a hand does: drags begin with a movement and are followed on the way."""
         self.do("mousemove", *start, "mousedown", "1")
         steps = 8
         for step in range(1, steps + 1):
             point = [round(a + (b - a) * step / steps) for a, b in zip(start, end)]
             self.do("mousemove", *point, "sleep", "0.03")
-        self.do("mousemove", end[0] + 1, end[1] + 1, "sleep", "0.3", "mouseup", "1")
+
+    def tremble(self, place):
+        self.do("mousemove", place[0] + 1, place[1] + 1, "sleep", "0.05", "mousemove", *place)
+
+    def let_go(self, place):
+        self.tremble(place)
+        self.do("sleep", "0.2", "mouseup", "1")
 
     def key(self, *names):
         self.do("key", "--delay", "20", *names)

@@ -1,5 +1,6 @@
 // A file manager for tests: a small window out of which one drags the files named on the command
-// line. Says "ready" once it can be seen, and after every drag what the target did with the files.
+// line. Says "ready" once it can be seen, during a drag whether what is under the pointer would
+// take the files, and after it what the target did with them.
 
 #include <QDrag>
 #include <QGuiApplication>
@@ -51,6 +52,9 @@ protected:
         auto *data = new QMimeData; // the drag will own it
         data->setUrls(m_urls);
         drag->setMimeData(data);
+        connect(drag, &QDrag::actionChanged, this, [](Qt::DropAction action) {
+            say(action == Qt::IgnoreAction ? "unwanted" : "accepted");
+        });
         say(drag->exec(Qt::CopyAction | Qt::MoveAction) == Qt::CopyAction ? "copied" : "refused");
         m_isDragging = false;
     }

@@ -5,12 +5,17 @@ import os
 import plistlib
 import subprocess
 import tempfile
+import uuid
 from pathlib import Path
 from urllib.parse import unquote, urlparse
 
 from display import processes
 
 BUILD = Path(os.environ.get("COMPANION_BINARY_DIR", "build/release")).resolve()
+
+
+def fixed_id(name):
+    return str(uuid.uuid5(uuid.NAMESPACE_URL, name)).upper()
 
 
 class StandInMac:
@@ -22,10 +27,15 @@ class StandInMac:
         self.environment = {
             "NESTLET_COMPANION_ROOT": str(self.root),
             "NESTLET_COMPANION_FEED": "http://127.0.0.1:9/",  # nobody is there
+            "NESTLET_STANDIN_LOG": str(self.root.parent / "states.log"),
         }
 
     def close(self):
         self._place.cleanup()
+
+    def start_dock(self):
+        self._display.start(str(BUILD / "bin/sandbox-dock"), str(self.root),
+                            environment=self.environment)
 
     def app(self, name):
         return self.root / "Applications" / f"{name}.app"
@@ -34,6 +44,55 @@ class StandInMac:
         path = self.root / "Users/me/Documents" / name
         path.write_text("Text\n")
         return path
+
+    def picture(self, name, color):
+        path = self.root / "Users/me/Pictures" / name
+        path.parent.mkdir(parents=True, exist_ok=True)
+        subprocess.run(["convert", "-size", "64x64", f"xc:{color}", path], check=True)
+        return path
+
+    def set_preferences(self, domain, **values):
+        preferences = self.root / f"Users/me/Library/Preferences/{domain}.plist"
+        preferences.parent.mkdir(parents=True, exist_ok=True)
+        preferences.write_bytes(plistlib.dumps(values))
+
+    def make_dark(self):
+        self.set_preferences(".GlobalPreferences", AppleInterfaceStyle="Dark")
+
+    def keep_still(self):
+        self.set_preferences("com.apple.universalaccess", reduceMotion=True)
+
+    def _said(self):
+        try:
+            return (self.root.parent / "states.log").read_text().splitlines()
+        except OSError:
+            return []
+
+    def has_said(self, words):
+        """Whether any program of this Mac has said that of itself."""
+        return any(words in line for line in self._said())
+
+    def states(self, process):
+        """What a program of this Mac, or the panel of a Dock app, has said of itself, oldest first."""
+        return [line.partition(" ")[2] for line in self._said() if line.startswith(f"{process} ")]
+
+    def panel(self, process):
+        """The folder that the panel of a Dock app shows."""
+        shown = [line.partition(" ")[2] for line in self.states(process)
+                 if line.startswith("folder {")]
+        return json.loads(shown[-1]) if shown else {}
+
+    def panel_of_folder(self, identifier):
+        """The same of whichever process runs now: another look is another Dock app."""
+        copies = self.copies(identifier)
+        return self.panel(copies[-1]) if copies else {}
+
+    def opened(self):
+        """What was opened or revealed outside of the programs, oldest first."""
+        try:
+            return (self.root / "private/var/log/open.log").read_text().splitlines()
+        except OSError:
+            return []
 
     @property
     def library(self):
@@ -72,6 +131,17 @@ class StandInMac:
                 and process.variable("NESTLET_COMPANION_ROOT") == str(self.root)
                 and process.is_alive()]
 
+    def record(self, name, apps=(), **fields):
+        """A folder as the library holds it; always the same for the same name."""
+        items = [{"id": fixed_id(f"{name}/{app}"), "name": Path(app).name, "kind": "application",
+                  "url": self.app(app).as_uri() + "/"} for app in apps]
+        return {"id": fixed_id(name), "name": name, "items": items} | fields
+
+    def write_library(self, *records):
+        self.library.parent.mkdir(parents=True, exist_ok=True)
+        self.library.write_text(json.dumps(
+            {"folders": list(records), "selectedFolderID": records[0]["id"]}))
+
     def folders(self):
         """The library's folders by name."""
         try:
@@ -79,6 +149,11 @@ class StandInMac:
         except OSError:
             return {}
         return {folder["name"]: folder for folder in library["folders"]}
+
+    def identifier_of(self, folder_name):
+        """Of the folder's Dock app."""
+        folder_id = self.folders()[folder_name]["id"]
+        return "qx.Nestlet.folder." + folder_id.replace("-", "").lower()
 
     def item_names(self, folder_name):
         folder = self.folders().get(folder_name, {"items": []})

@@ -2,7 +2,6 @@
 """The real program on a real screen: found by what assistive programs see, worked with pointer and
 keys, judged by what it leaves on the stand-in Mac."""
 
-import functools
 import subprocess
 import sys
 import unittest
@@ -10,124 +9,15 @@ from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).parent))
 
-from display import Display, Process, wait_for  # noqa: E402
-from mac import BUILD, StandInMac  # noqa: E402
-
-display = Display()
+from companion import WindowTest, display, open_display, pictured_on_failure  # noqa: E402
+from display import Process, wait_for  # noqa: E402
 
 
 def setUpModule():
-    unittest.addModuleCleanup(display.close)
-    display.open()
+    open_display()
 
 
-def pictured_on_failure(test):
-    @functools.wraps(test)
-    def run(self):
-        try:
-            test(self)
-        except BaseException:
-            display.picture(BUILD / "tests" / f"{test.__name__}.png")
-            raise
-    return run
-
-
-class Companion:
-    """The program as a process, and what a user does with its window."""
-
-    def __init__(self, mac):
-        from accessibility import Program  # only now is there a bus to speak on
-        self._log = mac.root.parent / "companion.log"
-        with self._log.open("ab") as log:
-            self.process = display.start(str(BUILD / "bin/nestlet-companion"),
-                                         environment=mac.environment, stdout=log, stderr=log)
-        self._program = Program(self.process.pid)
-        self.look = self._program.look
-        self.find = self._program.find
-        self.names = self._program.names
-
-    def output(self):
-        return self._log.read_text(errors="replace")
-
-    def kill(self):
-        self.process.kill()
-        self.process.wait()
-
-    def row(self, name):
-        return self.find("list item", name)
-
-    def click(self, role, name):
-        display.click(self.find(role, name).centre())
-
-    def choose(self, menu, entry):
-        self.click("push button", menu)
-        self.click("menu item", entry)
-
-    def wait_for_caption(self, name, caption):
-        def has_caption():
-            row = self.look("list item", name)
-            return row and row.description == caption
-        wait_for(f"“{name}” to be “{caption}”", has_caption, 60)
-
-    def rename(self, old, new):
-        self.click("list item", old)
-        wait_for(f"the name {old}", lambda: self.find("text", "Folder name").text() == old)
-        self.click("text", "Folder name")
-        display.key("ctrl+a")
-        display.type(new)
-        display.key("Return")
-        self.row(new.strip())
-
-
-class WindowTest(unittest.TestCase):
-    def setUp(self):
-        self.mac = StandInMac(display)
-        self.addCleanup(self.mac.close)
-        self.addCleanup(self.end_programs)
-        display.start(str(BUILD / "bin/sandbox-dock"), str(self.mac.root),
-                      environment=self.mac.environment)
-        self.companion = self.start_companion()
-
-    def end_programs(self):
-        display.end(self.mac.environment)
-
-    def start_companion(self):
-        companion = Companion(self.mac)
-        companion.find("push button", "New Dock Folder")
-        return companion
-
-    def drop(self, paths, target, folder, expected):
-        """A drag out of another program, let go over a point of the window; then the folder holds
-        the expected items. The source must live until it has been asked for its data."""
-        source = display.start(str(BUILD / "tests/window_dragsource"), *map(str, paths),
-                               stdout=subprocess.PIPE, text=True)
-        try:
-            self.assertEqual(source.stdout.readline(), "ready\n")
-            display.drag((60, 50), target)
-            self.assertEqual(source.stdout.readline(), "copied\n")
-            wait_for(f"{expected} in {folder}", lambda: self.mac.item_names(folder) == expected)
-        finally:
-            source.kill()
-            source.wait()
-            source.stdout.close()
-
-    def identifier_of(self, name):
-        folder_id = self.mac.folders()[name]["id"]
-        return "qx.Nestlet.folder." + folder_id.replace("-", "").lower()
-
-    def wait_for_copy(self, identifier, other_than=()):
-        def copies():
-            return [pid for pid in self.mac.copies(identifier) if pid not in other_than]
-        return wait_for(f"a process of {identifier}", copies, 60)[0]
-
-    def show_in_dock(self, name):
-        self.companion.click("list item", name)
-        self.companion.click("push button", "Show in Dock")
-        self.companion.wait_for_caption(name, "Ready in Dock")
-        return self.wait_for_copy(self.identifier_of(name))
-
-    # The stories
-
+class WindowStories(WindowTest):
     @pictured_on_failure
     def test_the_main_job(self):
         self.make_two_folders()
@@ -136,9 +26,7 @@ class WindowTest(unittest.TestCase):
         running = self.rename_it(running)
         running = self.update_it(running)
         self.remove_it(running)
-        # Where the Dock has not come back yet, there is none to restart, and the tool says so.
-        nobody = "No matching processes belonging to you were found\n"
-        self.assertEqual(self.companion.output().replace(nobody, ""), "")
+        self.assertEqual(self.companion.complaints(), "")
 
     def make_two_folders(self):
         wait_for("the first folder", lambda: "Dock Folder 1" in self.companion.names("list item"))
@@ -259,8 +147,7 @@ exec "$0.real" "$@"
     @pictured_on_failure
     def test_the_window_keeps_its_least_size(self):
         self.companion.find("list", "Dock Folders")
-        search = ["xdotool", "search", "--onlyvisible", "--name", "^Nestlet Companion$"]
-        window = subprocess.check_output(search, env=display.environment, text=True).split()[0]
+        window = display.window("Nestlet Companion")
         display.do("windowsize", "--sync", window, 1200, 850)
         display.do("windowsize", window, 600, 400)
 
