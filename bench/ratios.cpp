@@ -40,6 +40,8 @@ double secondsOf(const Variant &variant, const Work &work)
 {
     if (variant.prepare)
         variant.prepare();
+    if (variant.measure)
+        return variant.measure();
     const double start = now(work.timing);
     for (int i = 0; i < work.repeat; ++i)
         variant.run();
@@ -157,9 +159,8 @@ void measure(const Work &work, benchmark::State &state)
     report(work, rounds, state);
 }
 
-} // namespace
-
-void Ratios::addFigure(std::string name, double goal, std::function<double()> measure)
+void registerFigure(const std::string &name, std::function<double()> measure,
+                    std::function<std::string(double)> toRow)
 {
     const auto benchmark = [=](benchmark::State &state) {
         double figure = 0;
@@ -168,11 +169,28 @@ void Ratios::addFigure(std::string name, double goal, std::function<double()> me
             state.SetIterationTime(1e-9); // there is no time to tell of
         }
         state.counters["figure"] = figure;
-        table() += row(name, printed("%.3f x", figure),
-                       goal > 0 ? printed("goal at most %g x", goal) + met(figure <= goal)
-                                : std::string());
+        table() += toRow(figure);
     };
     benchmark::RegisterBenchmark(name.c_str(), benchmark)->UseManualTime()->Iterations(1);
+}
+
+} // namespace
+
+void Ratios::addFigure(std::string name, double goal, std::function<double()> measure)
+{
+    registerFigure(name, std::move(measure), [=](double figure) {
+        return row(name, printed("%.3f x", figure),
+                   goal > 0 ? printed("goal at most %g x", goal) + met(figure <= goal)
+                            : std::string());
+    });
+}
+
+void Ratios::addCount(std::string name, double most, std::function<double()> measure)
+{
+    registerFigure(name, std::move(measure), [=](double count) {
+        return row(name, printed("%.3g", count),
+                   printed("goal at most %g", most) + met(count <= most));
+    });
 }
 
 int Ratios::run(int argc, char **argv)

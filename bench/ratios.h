@@ -11,6 +11,8 @@ struct Variant {
     std::string name{};
     std::function<void()> run{};
     std::function<void()> prepare{}; ///< before every run
+    /// Instead of `run`, for what cannot be timed from here: does the work and gives its seconds.
+    std::function<double()> measure{};
 };
 
 /// A variant to compare with, and what is wanted of the comparison (0: nothing, it is shown only).
@@ -63,6 +65,8 @@ public:
     /// A ratio that is no time, such as memory. `measure` gives it; at most `goal` is wanted (0: it
     /// is shown only).
     void addFigure(std::string name, double goal, std::function<double()> measure);
+    /// The same for what is counted: at most `most` is wanted.
+    void addCount(std::string name, double most, std::function<double()> measure);
     int run(int argc, char **argv);
 
 private:
