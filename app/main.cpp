@@ -1,3 +1,4 @@
+#include "i18n/translations.h"
 #include "platform/announcer.h"
 #include "platform/appearance.h"
 #include "platform/platform.h"
@@ -46,11 +47,13 @@ int main(int argc, char *argv[])
     QCoreApplication::setApplicationName(QStringLiteral("Nestlet Companion"));
     QCoreApplication::setApplicationVersion(QStringLiteral(NESTLET_COMPANION_VERSION));
     if (std::any_of(argv + 1, argv + argc, isQuestion)) {
-        const QCoreApplication early(argc, argv);
+        QCoreApplication early(argc, argv);
+        const Translations translations(early);
         answerCommandLine(QCoreApplication::arguments());
     }
 
-    const QGuiApplication application(argc, argv);
+    QGuiApplication application(argc, argv);
+    const Translations translations(application);
     answerCommandLine(QCoreApplication::arguments()); // without the toolkit's own
     Platform platform = makePlatform();
     CompanionEngine companion(platform, EventTurns::Start::OnRelease);

@@ -72,7 +72,7 @@ void WindowAccessibleTest::controlsHaveNamesAndRoles_data()
     add(QAccessible::EditableText, "Folder name");
     add(QAccessible::StaticText, "Not in Dock");
     add(QAccessible::Button, "Show in Dock");
-    add(QAccessible::StaticText, "1 item(s)");
+    add(QAccessible::StaticText, "1 item");
     add(QAccessible::List, "Items");
     add(QAccessible::ListItem, "A");
     add(QAccessible::Button, "Remove A");

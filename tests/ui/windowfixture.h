@@ -1,5 +1,6 @@
 #pragma once
 
+#include "i18n/translations.h"
 #include "tests/store/storefixture.h"
 #include "ui/companionviewmodel.h"
 #include "ui/picturestore.h"
@@ -39,6 +40,7 @@ struct WindowFixture : StoreFixture {
     void rename(const QString &text) const;
     [[nodiscard]] bool isOpen(const char *dialog) const;
 
+    Translations translations{*QCoreApplication::instance()};
     PictureStore pictures;
     std::unique_ptr<CompanionViewModel> model;
     QQmlApplicationEngine engine;

@@ -1,0 +1,32 @@
+#include "i18n/translations.h"
+
+#include <QCoreApplication>
+#include <QLocale>
+
+namespace {
+
+QString folder()
+{
+    return QStringLiteral(":/i18n");
+}
+
+} // namespace
+
+Translations::Translations(QCoreApplication &application)
+{
+    install(application,
+            m_translator.load(QLocale::system(), QStringLiteral("companion"), QStringLiteral("_"),
+                              folder()));
+}
+
+Translations::Translations(QCoreApplication &application, const QString &locale)
+{
+    install(application, m_translator.load(QStringLiteral("companion_") + locale, folder()));
+}
+
+// The sources are in English, but for the plurals.
+void Translations::install(QCoreApplication &application, bool isLoaded)
+{
+    if (isLoaded || m_translator.load(QStringLiteral("companion_en"), folder()))
+        application.installTranslator(&m_translator);
+}
