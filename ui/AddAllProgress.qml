@@ -11,7 +11,7 @@ Item {
     readonly property real minimumValue: 0
     readonly property real maximumValue: root.total
 
-    implicitHeight: 48
+    implicitHeight: Math.max(48, track.y + track.height + 15)
     Accessible.role: Accessible.ProgressBar
     Accessible.name: label.text
 
@@ -30,6 +30,8 @@ Item {
         y: 11
         text: qsTr("Adding to Dock… %1 of %2").arg(Number(root.done).toLocaleString(Qt.locale(), "f", 0)).arg(Number(root.total).toLocaleString(Qt.locale(), "f", 0))
         font: Theme.captionMedium
+        wrapMode: Text.Wrap
+        maximumLineCount: 2
         color: Theme.secondary
     }
 

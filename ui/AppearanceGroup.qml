@@ -9,6 +9,7 @@ Column {
     spacing: Theme.rowInset
 
     CompanionText {
+        anchors.left: parent.left
         text: root.title
         font: Theme.subheadlineMedium
         color: Theme.secondary

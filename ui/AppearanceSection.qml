@@ -56,6 +56,7 @@ Item {
 
             SymbolPicker {
                 objectName: "symbolPicker"
+                anchors.left: parent.left
                 selectedSymbol: root.folder.iconSymbol
                 hasCustomIcon: root.folder.hasCustomIcon
                 onChanged: symbol => root.folder.setIconSymbol(symbol)
@@ -69,6 +70,7 @@ Item {
             AccentColorPicker {
                 id: colors
                 objectName: "colorPicker"
+                anchors.left: parent.left
                 selectedHex: root.folder.accentColorHex
                 onChanged: hex => root.folder.setAccentColor(hex)
                 onCustomColorRequested: root.openColorPanel()
@@ -80,6 +82,7 @@ Item {
 
             CompanionGridPicker {
                 objectName: "gridPicker"
+                anchors.left: parent.left
                 selected: root.folder.gridColumns
                 onChanged: columns => root.folder.setGridColumns(columns)
             }

@@ -116,6 +116,8 @@ ItemDelegate {
                 width: parent.width
                 text: root.caption
                 font: Theme.caption
+                wrapMode: Text.Wrap
+                maximumLineCount: 2
                 color: root.isEmphasized ? Theme.accentText : root.isDropTargeted
                                            ? Theme.accentInk : (root.isInstalled && !root.isLocked)
                                              ? Theme.blueInk : Theme.secondary

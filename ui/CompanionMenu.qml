@@ -1,14 +1,21 @@
 import QtQuick
 import QtQuick.Controls.Basic
 
-/// A menu in the look of the window.
+/// A menu in the look of the window, as wide as its widest entry.
 Menu {
     id: root
+
+    readonly property real widestEntry: {
+        let width = 0;
+        for (let i = 0; i < root.count; ++i)
+            width = Math.max(width, root.itemAt(i).implicitWidth);
+        return width;
+    }
 
     padding: 5
 
     background: Item { // qmllint disable deferred-property-id
-        implicitWidth: 210
+        implicitWidth: Math.max(210, Math.ceil(root.widestEntry) + 2 * root.padding)
 
         SheetShadow {}
 

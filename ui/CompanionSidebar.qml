@@ -25,6 +25,8 @@ Rectangle {
             anchors.verticalCenter: parent.verticalCenter
             text: qsTr("Dock Folders")
             font: Theme.windowTitle
+            fontSizeMode: Text.HorizontalFit
+            minimumPixelSize: Theme.subheadlineSize
             Accessible.ignored: false
             Accessible.role: Accessible.Heading
             Accessible.name: text
