@@ -75,9 +75,9 @@ QCoro::Task<> CompanionStore::installOneOfAll(QUuid id)
 {
     const QPointer<CompanionStore> self(this);
     co_await install(id);
-    if (!self)
+    if (!self || !m_installAllProgress)
         co_return;
-    InstallProgress progress = m_installAllProgress.value();
+    InstallProgress progress = *m_installAllProgress;
     ++progress.done;
     setInstallAllProgress(progress.done < progress.total ? std::optional(progress) : std::nullopt);
 }

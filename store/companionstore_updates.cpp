@@ -69,6 +69,7 @@ void CompanionStore::dismissUpdate()
     Q_EMIT availableUpdateChanged();
 }
 
+// NOLINTNEXTLINE(readability-make-member-function-const): it acts, if not on the store
 void CompanionStore::openUpdateDownload(const UpdateInfo &update)
 {
     requireMainThread();
