@@ -56,6 +56,9 @@ Item {
         if (!root.isLocked && target !== index)
             root.moveRequested(root.items.itemIDAt(index), target);
     }
+    function isInLastRow(index: int): bool {
+        return Math.floor(index / root.columns) === Math.floor((grid.count - 1) / root.columns);
+    }
     function showCurrent() {
         const top = root.inset + Math.floor(grid.currentIndex / root.columns) * root.rowHeight;
         root.revealRequested(top - root.inset, top + root.rowHeight);
@@ -169,7 +172,7 @@ Item {
                 root.moveCurrent(event, grid.currentIndex >= root.columns ? -root.columns : 0);
                 break;
             case Qt.Key_Down:
-                root.moveCurrent(event, root.columns);
+                root.moveCurrent(event, root.isInLastRow(grid.currentIndex) ? 0 : root.columns);
                 break;
             case Qt.Key_Home:
                 root.moveCurrent(event, -grid.count);
@@ -253,6 +256,7 @@ Item {
                 itemID: slot.itemID
                 draggedItemID: root.draggedItemID
                 onIsTargetedChanged: root.targetedCells += isTargeted ? 1 : -1
+                Component.onDestruction: root.targetedCells -= isTargeted ? 1 : 0
                 onMoveRequested: (itemID, index) => root.moveRequested(itemID, index)
                 onItemDropped: root.draggedItemID = ""
                 onDropped: urls => root.addRequested(urls)

@@ -9,7 +9,7 @@ ListView {
     id: root
 
     required property CompanionViewModel companion
-    readonly property int selectedRow: root.companion.folders.rowOf(root.companion.selection)
+    readonly property string selection: root.companion.selection
     readonly property int firstMovableRow: root.companion.folders.firstMovableRow
 
     // Type-ahead
@@ -27,6 +27,10 @@ ListView {
                                                             Math.floor((root.holdPosition - root.holdOffset + root.contentY)
                                                                        / Theme.rowHeight + 0.5)))
 
+    // Asked for when it is needed: rows come, go and move.
+    function selectedRow(): int {
+        return root.companion.folders.rowOf(root.selection);
+    }
     function selectRow(row: int) {
         if (row < 0 || row >= root.count)
             return;
@@ -34,11 +38,11 @@ ListView {
         root.positionViewAtIndex(row, ListView.Contain);
     }
     function moveSelection(row: int) {
-        root.companion.folders.moveFolder(root.companion.selection, row);
-        root.positionViewAtIndex(root.selectedRow, ListView.Contain);
+        root.companion.folders.moveFolder(root.selection, row);
+        root.positionViewAtIndex(root.selectedRow(), ListView.Contain);
     }
     function showSelection() {
-        root.currentIndex = root.companion.folders.rowOf(root.companion.selection);
+        root.currentIndex = root.selectedRow();
     }
     function holdRow(place: point) {
         const y = root.mapFromItem(null, place).y;
@@ -71,7 +75,7 @@ ListView {
     Accessible.role: Accessible.List
     Accessible.name: qsTr("Dock Folders")
     ScrollBar.vertical: CompanionScrollBar {}
-    onSelectedRowChanged: root.showSelection()
+    onSelectionChanged: root.showSelection()
     onCountChanged: root.showSelection()
 
     Keys.onPressed: event => {
@@ -80,10 +84,10 @@ ListView {
         event.accepted = true;
         switch (event.key) {
         case Qt.Key_Up:
-            choose(root.selectedRow - 1);
+            choose(root.selectedRow() - 1);
             break;
         case Qt.Key_Down:
-            choose(root.selectedRow + 1);
+            choose(root.selectedRow() + 1);
             break;
         case Qt.Key_Home:
             choose(0);
@@ -92,10 +96,10 @@ ListView {
             choose(root.count - 1);
             break;
         case Qt.Key_PageUp:
-            choose(Math.max(0, root.selectedRow - Math.floor(root.height / Theme.rowHeight)));
+            choose(Math.max(0, root.selectedRow() - Math.floor(root.height / Theme.rowHeight)));
             break;
         case Qt.Key_PageDown:
-            choose(Math.min(root.count - 1, root.selectedRow + Math.floor(root.height / Theme.rowHeight)));
+            choose(Math.min(root.count - 1, root.selectedRow() + Math.floor(root.height / Theme.rowHeight)));
             break;
         default:
             event.accepted = root.typeAhead(event);
@@ -110,7 +114,7 @@ ListView {
         const goesOn = event.text === root.typedText;
         root.typedText = goesOn ? event.text : root.typedText + event.text;
         typing.restart();
-        const from = goesOn || root.typedText.length === 1 ? root.selectedRow : root.selectedRow - 1;
+        const from = root.selectedRow() - (goesOn || root.typedText.length === 1 ? 0 : 1);
         root.selectRow(root.companion.folders.rowStartingWith(root.typedText, from));
         return true;
     }

@@ -1,0 +1,142 @@
+#include "tests/ui/windowfixture.h"
+
+/// The window in languages that are written from right to left.
+class WindowMirroredTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void theSidebarIsOnTheRight();
+    void rowsBeginOnTheRight();
+    void theDetailIsMirrored();
+    void itemsRunFromRightToLeft();
+    void removeButtonsAreInTheTrailingCorner();
+    void stripsAreMirrored();
+    void menusOpenInsideTheWindow_data();
+    void menusOpenInsideTheWindow();
+    void turnsRoundLive();
+
+private:
+    [[nodiscard]] QRectF place(const QQuickItem *item) const
+    {
+        return item->mapRectToScene(item->boundingRect());
+    }
+    [[nodiscard]] QQuickItem *button(const char *name) const
+    {
+        return m_window->button(QLatin1StringView(name));
+    }
+
+    const DockFolder m_a = folderNamed(QStringLiteral("A"),
+                                       {QStringLiteral("file:///x"), QStringLiteral("file:///y")});
+    std::unique_ptr<WindowFixture> m_window;
+};
+
+void WindowMirroredTest::init()
+{
+    failOnWindowWarnings();
+    QGuiApplication::setLayoutDirection(Qt::RightToLeft);
+    m_window = std::make_unique<WindowFixture>();
+    QVERIFY(m_window->open({m_a}));
+    m_window->click(m_window->row(m_a.name));
+}
+
+void WindowMirroredTest::cleanup()
+{
+    m_window.reset();
+    QGuiApplication::setLayoutDirection(Qt::LeftToRight);
+}
+
+void WindowMirroredTest::theSidebarIsOnTheRight()
+{
+    const QRectF list = place(m_window->named("folderList"));
+    QCOMPARE(list.right(), qreal(m_window->window->width()));
+    QCOMPARE(list.width(), 220.0);
+    QVERIFY(place(m_window->named("detailScroll")).right() <= list.left());
+    QVERIFY(place(button("More")).right() < place(button("New Dock Folder")).left() + 1);
+}
+
+void WindowMirroredTest::rowsBeginOnTheRight()
+{
+    const QQuickItem *const row = m_window->row(m_a.name);
+    QList<QQuickItem *> left = row->childItems();
+    QRectF thumbnail;
+    QRectF name;
+    while (!left.isEmpty()) {
+        QQuickItem *const item = left.takeFirst();
+        if (QByteArray(item->metaObject()->className()).startsWith("SidebarFolderThumbnail"))
+            thumbnail = place(item);
+        else if (item->property("text").toString() == m_a.name)
+            name = place(item);
+        left.append(item->childItems());
+    }
+    QCOMPARE(thumbnail.size(), QSizeF(36, 36));
+    QCOMPARE(thumbnail.right(), place(row).right() - 18);
+    QCOMPARE(name.right(), thumbnail.left() - 8);
+}
+
+void WindowMirroredTest::theDetailIsMirrored()
+{
+    const QRectF detail = place(m_window->named("detailScroll"));
+    QVERIFY(place(button("Folder Actions")).left() < detail.left() + 60);
+    QVERIFY(place(m_window->named("nameField")).left() > detail.center().x());
+    QVERIFY(place(m_window->named("dockButton")).right() < detail.center().x());
+    QCOMPARE(place(m_window->named("addAppsButton")).left(), detail.left() + 32);
+}
+
+void WindowMirroredTest::itemsRunFromRightToLeft()
+{
+    const QRectF first = place(m_window->row(QStringLiteral("x")));
+    const QRectF second = place(m_window->row(QStringLiteral("y")));
+    QVERIFY(second.right() <= first.left());
+    QCOMPARE(second.top(), first.top());
+    const QRectF area = place(m_window->named("itemGrid")->parentItem());
+    QVERIFY2(area.right() - first.right() <= 20,
+             qPrintable(QString::number(area.right() - first.right())));
+}
+
+void WindowMirroredTest::removeButtonsAreInTheTrailingCorner()
+{
+    const QRectF cell = place(m_window->row(QStringLiteral("x")));
+    QCOMPARE(place(button("Remove x")).topLeft(), cell.topLeft());
+}
+
+void WindowMirroredTest::stripsAreMirrored()
+{
+    const QQuickItem *const strip
+        = m_window->item(QAccessible::Grouping, QStringLiteral("Nestlet not found"));
+    QVERIFY(strip);
+    for (const QQuickItem *child : strip->childItems()) {
+        if (child->inherits("SymbolItem"))
+            QCOMPARE(place(child).right(), place(strip).right() - 16);
+    }
+}
+
+void WindowMirroredTest::menusOpenInsideTheWindow_data()
+{
+    QTest::addColumn<QString>("menu");
+    QTest::addColumn<QString>("entry");
+    QTest::newRow("more") << QStringLiteral("More") << QStringLiteral("Add All to Dock");
+    QTest::newRow("actions") << QStringLiteral("Folder Actions") << QStringLiteral("Remove Folder");
+}
+
+void WindowMirroredTest::menusOpenInsideTheWindow()
+{
+    QFETCH(QString, menu);
+    QFETCH(QString, entry);
+    m_window->click(m_window->button(menu));
+    QTRY_VERIFY(m_window->item(QAccessible::MenuItem, entry));
+    const QRectF shown = place(m_window->item(QAccessible::MenuItem, entry));
+    QVERIFY(QRectF(QPointF(), m_window->window->size()).contains(shown));
+}
+
+void WindowMirroredTest::turnsRoundLive()
+{
+    QGuiApplication::setLayoutDirection(Qt::LeftToRight);
+    QTRY_COMPARE(place(m_window->named("folderList")).left(), 0.0);
+    QTRY_VERIFY(place(m_window->row(QStringLiteral("x"))).right()
+                <= place(m_window->row(QStringLiteral("y"))).left());
+}
+
+QTEST_MAIN(WindowMirroredTest)
+#include "tst_windowmirrored.moc"

@@ -1,0 +1,220 @@
+#include "model/uuidtext.h"
+#include "tests/ui/windowfixture.h"
+
+/// The sidebar's rows by keyboard.
+class WindowSidebarKeysTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup() { m_window.reset(); }
+    void homeAndEndSelectTheFirstAndTheLast();
+    void pageKeysGoAScreenfulOn();
+    void selectingRevealsTheRow();
+    void altAndAnArrowMoveTheFolder();
+    void altAndAnArrowStopAtTheEnds();
+    void theAppStoreFolderStaysFirst();
+    void lettersSelectTheNextNameThatBeginsSo();
+    void theSameLetterGoesOnToTheNext();
+    void lettersAfterAPauseBeginAnew();
+    void lettersThatNothingBeginsWithKeepTheSelection();
+    void shortcutsAreNoLetters();
+    void theRingFollowsTheKeyboardOnly();
+    void theListIsFocusedFirst();
+
+private:
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        m_window->press(key, modifiers);
+    }
+    [[nodiscard]] QString selected() const
+    {
+        const auto id = uuidFromText(m_window->model->selection());
+        if (id == appStoreFolderID())
+            return QStringLiteral("Nestlet");
+        const auto folder = id ? m_window->store->folder(*id) : std::nullopt;
+        return folder ? folder->name : QString();
+    }
+    [[nodiscard]] QStringList order() const { return namesOf(m_window->store->folders()); }
+    void fillWith(int count);
+    [[nodiscard]] bool hasRing(const QString &name) const;
+
+    const DockFolder m_a = folderNamed(QStringLiteral("Apples"));
+    const DockFolder m_b = folderNamed(QStringLiteral("bananas"));
+    const DockFolder m_c = folderNamed(QStringLiteral("Bread"));
+    const DockFolder m_d = folderNamed(QStringLiteral("Old Bread"));
+    std::unique_ptr<WindowFixture> m_window;
+};
+
+void WindowSidebarKeysTest::init()
+{
+    failOnWindowWarnings();
+    m_window = std::make_unique<WindowFixture>();
+    QVERIFY(m_window->open({m_a, m_b, m_c, m_d}));
+}
+
+void WindowSidebarKeysTest::fillWith(int count)
+{
+    QList<DockFolder> many;
+    for (int number = 0; number < count; ++number)
+        many.append(folderNamed(QStringLiteral("Folder %1").arg(number)));
+    m_window->changeFromOutside(many);
+}
+
+// The selected row's, around its highlight.
+bool WindowSidebarKeysTest::hasRing(const QString &name) const
+{
+    QList<QQuickItem *> items{m_window->row(name)};
+    while (!items.isEmpty()) {
+        QQuickItem *const item = items.takeFirst();
+        if (QByteArray(item->metaObject()->className()).startsWith("FocusRing"))
+            return item->isVisible();
+        items.append(item->childItems());
+    }
+    return false;
+}
+
+void WindowSidebarKeysTest::homeAndEndSelectTheFirstAndTheLast()
+{
+    press(Qt::Key_End);
+    QCOMPARE(selected(), m_d.name);
+    press(Qt::Key_Home);
+    QCOMPARE(selected(), m_a.name);
+}
+
+void WindowSidebarKeysTest::pageKeysGoAScreenfulOn()
+{
+    fillWith(100);
+    const int page = int(m_window->named("folderList")->height()) / 52;
+    press(Qt::Key_Home);
+    press(Qt::Key_PageDown);
+    QCOMPARE(selected(), QStringLiteral("Folder %1").arg(page));
+    press(Qt::Key_PageUp);
+    press(Qt::Key_PageUp);
+    QCOMPARE(selected(), QStringLiteral("Folder 0"));
+    press(Qt::Key_End);
+    press(Qt::Key_PageDown);
+    QCOMPARE(selected(), QStringLiteral("Folder 99"));
+}
+
+void WindowSidebarKeysTest::selectingRevealsTheRow()
+{
+    fillWith(100);
+    press(Qt::Key_End);
+    const QQuickItem *list = m_window->named("folderList");
+    const QQuickItem *last = m_window->row(QStringLiteral("Folder 99"));
+    QVERIFY(last);
+    const qreal top = last->mapToItem(list, {}).y();
+    QVERIFY(top > 0);
+    QVERIFY(top + last->height() <= list->height());
+    press(Qt::Key_Home);
+    QVERIFY(m_window->row(QStringLiteral("Folder 0")));
+    QCOMPARE(m_window->row(QStringLiteral("Folder 0"))->mapToItem(list, {}).y(), 0.0);
+}
+
+void WindowSidebarKeysTest::altAndAnArrowMoveTheFolder()
+{
+    press(Qt::Key_Down);
+    press(Qt::Key_Down, Qt::AltModifier);
+    QCOMPARE(order(), (QStringList{m_b.name, m_a.name, m_c.name, m_d.name}));
+    press(Qt::Key_Down, Qt::AltModifier);
+    QCOMPARE(order(), (QStringList{m_b.name, m_c.name, m_a.name, m_d.name}));
+    QCOMPARE(selected(), m_a.name);
+    press(Qt::Key_Up, Qt::AltModifier);
+    QCOMPARE(order(), (QStringList{m_b.name, m_a.name, m_c.name, m_d.name}));
+    press(Qt::Key_End, Qt::AltModifier);
+    QCOMPARE(order().last(), m_a.name);
+    QCOMPARE(namesOf(m_window->savedLibrary()->folders), order());
+    QTRY_COMPARE(m_window->rowNames(), order());
+}
+
+void WindowSidebarKeysTest::altAndAnArrowStopAtTheEnds()
+{
+    const QStringList before = order();
+    press(Qt::Key_Home);
+    press(Qt::Key_Up, Qt::AltModifier);
+    press(Qt::Key_End);
+    press(Qt::Key_Down, Qt::AltModifier);
+    QCOMPARE(order(), before);
+    QCOMPARE(selected(), m_d.name);
+}
+
+void WindowSidebarKeysTest::theAppStoreFolderStaysFirst()
+{
+    m_window->installNestlet();
+    m_window->store->refreshPresence();
+    const QStringList before = order();
+    press(Qt::Key_Home);
+    QCOMPARE(selected(), QStringLiteral("Nestlet"));
+    press(Qt::Key_Down, Qt::AltModifier);
+    QCOMPARE(order(), before);
+    press(Qt::Key_Down);
+    QCOMPARE(selected(), m_a.name);
+    press(Qt::Key_Up, Qt::AltModifier);
+    QCOMPARE(order(), before);
+    QTRY_COMPARE(m_window->rowNames().first(), QStringLiteral("Nestlet"));
+}
+
+void WindowSidebarKeysTest::lettersSelectTheNextNameThatBeginsSo()
+{
+    press(Qt::Key_Down);
+    m_window->type(QStringLiteral("br"));
+    QCOMPARE(selected(), m_c.name);
+}
+
+void WindowSidebarKeysTest::theSameLetterGoesOnToTheNext()
+{
+    m_window->type(QStringLiteral("b"));
+    QCOMPARE(selected(), m_b.name);
+    m_window->type(QStringLiteral("b"));
+    QCOMPARE(selected(), m_c.name);
+    m_window->type(QStringLiteral("b"));
+    QCOMPARE(selected(), m_b.name);
+}
+
+void WindowSidebarKeysTest::lettersAfterAPauseBeginAnew()
+{
+    m_window->type(QStringLiteral("old b")); // the blank is one of them
+    QCOMPARE(selected(), m_d.name);
+    QQuickItem *const list = m_window->named("folderList");
+    QTRY_COMPARE(list->property("typedText").toString(), QString());
+    m_window->type(QStringLiteral("a"));
+    QCOMPARE(selected(), m_a.name);
+}
+
+void WindowSidebarKeysTest::lettersThatNothingBeginsWithKeepTheSelection()
+{
+    m_window->type(QStringLiteral("b"));
+    m_window->type(QStringLiteral("x"));
+    QCOMPARE(selected(), m_b.name);
+}
+
+void WindowSidebarKeysTest::shortcutsAreNoLetters()
+{
+    press(Qt::Key_Down);
+    press(Qt::Key_O, Qt::ControlModifier);
+    press(Qt::Key_O, Qt::AltModifier);
+    press(Qt::Key_Space);
+    QCOMPARE(selected(), m_a.name);
+}
+
+void WindowSidebarKeysTest::theRingFollowsTheKeyboardOnly()
+{
+    m_window->click(m_window->row(m_b.name));
+    QVERIFY(!hasRing(m_b.name));
+    press(Qt::Key_Down);
+    QVERIFY(hasRing(m_c.name));
+    QVERIFY(!hasRing(m_b.name));
+    press(Qt::Key_Tab); // the list has the focus no more
+    QVERIFY(!hasRing(m_c.name));
+    m_window->click(m_window->row(m_a.name));
+    QVERIFY(!hasRing(m_a.name));
+}
+
+void WindowSidebarKeysTest::theListIsFocusedFirst()
+{
+    QVERIFY(m_window->named("folderList")->hasActiveFocus());
+}
+
+QTEST_MAIN(WindowSidebarKeysTest)
+#include "tst_windowsidebarkeys.moc"
