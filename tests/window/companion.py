@@ -145,7 +145,7 @@ class WindowTest(unittest.TestCase):
     def setUp(self):
         self.mac = StandInMac(display)
         self.addCleanup(self.mac.close)
-        self.addCleanup(self.end_programs)
+        self.addCleanup(self.mac.end_programs)
         self.prepare()
         self.start_dock()
         display.park_pointer()
@@ -156,9 +156,6 @@ class WindowTest(unittest.TestCase):
 
     def start_dock(self):
         self.mac.start_dock()
-
-    def end_programs(self):
-        display.end(self.mac.environment)
 
     def start_companion(self):
         companion = Companion(self.mac)

@@ -33,6 +33,9 @@ class StandInMac:
     def close(self):
         self._place.cleanup()
 
+    def end_programs(self):
+        self._display.end({"NESTLET_COMPANION_ROOT": str(self.root)})
+
     def start_dock(self):
         self._display.start(str(BUILD / "bin/sandbox-dock"), str(self.root),
                             environment=self.environment)
@@ -57,6 +60,8 @@ class StandInMac:
         preferences.write_bytes(plistlib.dumps(values))
 
     def make_dark(self):
+        """The companion at once; the other programs of the stand-in when they start."""
+        self.environment["NESTLET_STANDIN_APPEARANCE"] = "dark"
         self.set_preferences(".GlobalPreferences", AppleInterfaceStyle="Dark")
 
     def keep_still(self):

@@ -166,7 +166,7 @@ class KeyboardTest(WindowTest):
     def ask_to_remove(self):
         display.key("space")
         self.companion.find("menu item", "Remove Folder")
-        display.key("Up", "Return")
+        display.key("Down", "Down", "Return")
         self.companion.wait_for_focus("push button", "Cancel")
 
     # Where the keys lead
