@@ -46,7 +46,7 @@ public:
         , m_writing(*m_platform.files, *m_platform.directories)
         , m_folders(*m_writing.load().folders)
     {
-        m_decoding.load();
+        static_cast<void>(m_decoding.load());
         m_list = m_companion.item("folderList");
         QObject::connect(&m_companion.window(), &QQuickWindow::frameSwapped,
                          [this] { ++m_frames; });
@@ -60,7 +60,7 @@ public:
         m_folders[1].name = name;
         m_writing.save({.folders = m_folders, .selectedFolderID = m_folders.first().id});
         const double decodingBegin = now();
-        m_decoding.load();
+        static_cast<void>(m_decoding.load());
         const double decoding = now() - decodingBegin;
 
         const double begin = now();

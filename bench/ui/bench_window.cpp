@@ -186,7 +186,7 @@ int main(int argc, char **argv)
              {{"10 folders", 1.3, complete}});
     addStart(ratios, programs, "1,000 folders", "The same in processor time", processor,
              {{"10 folders", 0, processor}});
-    for (const std::string &renderer : {"software", "OpenGL"}) {
+    for (const std::string renderer : {"software", "OpenGL"}) {
         ratios.addFigure("Memory beside the minimal window, " + renderer, 1.3, [&, renderer] {
             return memoryRatio(programs, renderer, "minimal, " + renderer);
         });

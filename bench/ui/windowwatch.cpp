@@ -66,7 +66,8 @@ WindowWatch::Times WindowWatch::watch(const std::function<void()> &painted)
 
 bool WindowWatch::waitForEvent(double until)
 {
-    pollfd descriptor{.fd = xcb_get_file_descriptor(m_connection.get()), .events = POLLIN};
+    pollfd descriptor{
+        .fd = xcb_get_file_descriptor(m_connection.get()), .events = POLLIN, .revents = 0};
     const double left = std::max(0.0, until - monotonicSeconds());
     return poll(&descriptor, 1, static_cast<int>(left * 1000) + 1) > 0;
 }
