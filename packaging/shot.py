@@ -18,8 +18,8 @@ SHOWN = "Studio"
 FOLDERS = [
     ("Everyday", ["Almanac", "Über Notes", "Pocket Atlas", "Tide Table", "10 Timer", "2 Do"],
      {"accentColorHex": "#4F83D3"}),
-    (SHOWN, ["Drawing", "draw tools", "Studio/Easel", "Half Note", "Éclair", "Marble Run", "Lantern",
-             "Quill & Ink"], {"accentColorHex": "#D3663F", "gridColumns": 4}),
+    (SHOWN, ["Drawing", "draw tools", "Studio/Easel", "Half Note", "Éclair", "Marble Run",
+             "Lantern", "Quill & Ink"], {"accentColorHex": "#D3663F", "gridColumns": 4}),
     ("Writing", ["Quill & Ink", "Über Notes", "Zebra"], {"accentColorHex": "#5E9C4B"}),
     ("Games", ["Marble Run", "Lantern", "Zebra"], {"accentColorHex": "#8A5FC7", "gridColumns": 3}),
     ("Maintenance", ["Utilities/Disk Weigher", "Utilities/Key Ring", "Utilities/Signal Meter"], {}),
@@ -50,7 +50,8 @@ class Scene:
         gradient = "gradient:#1d2b3a-#4a3f45" if is_dark else "gradient:#7fa3c7-#e9d9cf"
         subprocess.run(["convert", "-size", "1440x1000", gradient, picture], check=True)
         # It reports a failure also when it succeeded.
-        subprocess.run(["display", "-window", "root", picture], env=display.environment, check=False)
+        subprocess.run(["display", "-window", "root", picture], env=display.environment,
+                       check=False)
 
     def __enter__(self):
         return self

@@ -113,8 +113,8 @@ class Program:
         return None
 
     def widgets(self):
-        """Those on the screen. While the program changes under our eyes, a look may have to be taken
-        again."""
+        """Those on the screen. While the program changes under our eyes, a look may have to be
+        taken again."""
         for _ in range(20):
             try:
                 application = self._application()

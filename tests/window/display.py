@@ -124,7 +124,8 @@ class Display:
         self.do("mousemove", place[0] - 3, place[1], "sleep", "0.05", "mousemove", *place)
 
     def double_click(self, place):
-        self.do("mousemove", *place, "sleep", "0.05", "click", "--repeat", "2", "--delay", "60", "1")
+        self.do("mousemove", *place, "sleep", "0.05",
+                "click", "--repeat", "2", "--delay", "60", "1")
 
     def click(self, place):
         self.do("mousemove", *place, "sleep", "0.05", "click", "1")

@@ -78,7 +78,7 @@ class StandInMac:
         return any(words in line for line in self._said())
 
     def states(self, process):
-        """What a program of this Mac, or the panel of a Dock app, has said of itself, oldest first."""
+        """What a program of this Mac, or a Dock app's panel, has said of itself, oldest first."""
         return [line.partition(" ")[2] for line in self._said() if line.startswith(f"{process} ")]
 
     def panel(self, process):

@@ -3,8 +3,8 @@
 import subprocess
 
 # Edges of letters and curves are drawn a little differently by another version of a library, so a
-# breath of blur comes first. What is left may differ by this much of the range of a colour, and in so
-# many pixels more.
+# breath of blur comes first. What is left may differ by this much of the range of a colour, and in
+# so many pixels more.
 BLUR = "0x1"
 COLOR_TOLERANCE = "6%"
 PIXEL_TOLERANCE = 40
@@ -24,7 +24,8 @@ def differing_pixels(first, second):
         return None
     distortion = subprocess.check_output(
         ["convert", str(first), str(second), "-alpha", "off", "-blur", BLUR,
-         "-fuzz", COLOR_TOLERANCE, "-metric", "AE", "-compare", "-format", "%[distortion]", "info:"],
+         "-fuzz", COLOR_TOLERANCE, "-metric", "AE", "-compare",
+         "-format", "%[distortion]", "info:"],
         text=True)
     return round(float(distortion))
 

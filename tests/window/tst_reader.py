@@ -34,7 +34,8 @@ class ReaderTest(WindowTest):
         self.companion.row("Dock Folder 1")
         self.companion.press("push button", "New Dock Folder")
         self.companion.press("list item", "Dock Folder 2")
-        wait_for("its row to be selected", lambda: self.companion.row("Dock Folder 2").has("selected"))
+        wait_for("its row to be selected",
+                 lambda: self.companion.row("Dock Folder 2").has("selected"))
         name = self.companion.find("text", "Folder name")
         name.focus()
         name.set_text("Work")
@@ -53,7 +54,8 @@ class ReaderTest(WindowTest):
         wait_for("what is found to be said", lambda: self.companion.find("text", "Search")
                  .description.startswith("1 "))
         self.companion.press("check box", "Lantern")
-        wait_for("a checked cell", lambda: self.companion.find("check box", "Lantern").has("checked"))
+        wait_for("a checked cell",
+                 lambda: self.companion.find("check box", "Lantern").has("checked"))
         self.companion.press("push button", "Clear Search")
         self.companion.press("push button", "Add 2")
         self.wait_for_items("Work", ["Lantern", "Zebra"])
@@ -82,7 +84,8 @@ class ReaderTest(WindowTest):
         self.companion.press("radio button", "Custom Color…")
         hue = self.companion.find("slider", "Hue")
         hue.set_value(hue.value() + 60)
-        wait_for("another colour", lambda: self.mac.folders()["Work"]["accentColorHex"] != "#3DAEC0")
+        wait_for("another colour",
+                 lambda: self.mac.folders()["Work"]["accentColorHex"] != "#3DAEC0")
         wait_for("the custom colour to be checked",
                  lambda: self.companion.find("radio button", "Custom Color…").has("checked"))
 

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""The strips over the window, with a feed on a server of the test's own, and the alert of errors."""
+"""The strips over the window, with a feed on a server of the test's own, and the error alert."""
 
 import shutil
 import sys

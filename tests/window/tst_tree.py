@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""What an assistive program finds in the window, state by state: everything that can be worked has a
-name and a role, and nothing is there that is not on the screen."""
+"""What an assistive program finds in the window, state by state: everything that can be worked has
+a name and a role, and nothing is there that is not on the screen."""
 
 import sys
 import unittest
@@ -12,8 +12,8 @@ from companion import WindowTest, display, open_display, pictured_on_failure  # 
 from display import wait_for  # noqa: E402
 
 ROLES = {"push button", "radio button", "check box", "list", "list item", "text", "slider", "label",
-         "heading", "panel", "dialog", "menu item", "popup menu", "frame", "application", "tool tip",
-         "separator", "scroll bar", "notification", "progress bar", "page tab list"}
+         "heading", "panel", "dialog", "menu item", "popup menu", "separator", "scroll bar",
+         "tool tip", "notification", "progress bar", "frame", "application"}
 APPS = ["Almanac", "Beta", "Drawing", "Lantern", "Ledger", "Marble Run", "Sundial", "Zebra"]
 LONG_LIST = 60
 
