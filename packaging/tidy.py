@@ -46,9 +46,15 @@ def preprocessed(entry):
                           cwd=entry["directory"], capture_output=True, check=False).stdout
 
 
-def is_clean(entry, database, checks):
+def checks_of(file):
+    """What the folders around a file ask for."""
+    settings = [folder / ".clang-tidy" for folder in pathlib.Path(file).parents]
+    return b"".join(file.read_bytes() for file in settings if file.exists())
+
+
+def is_clean(entry, database):
     seen = preprocessed(entry)
-    stamp = database / hashlib.sha256(checks + seen).hexdigest()
+    stamp = database / hashlib.sha256(checks_of(entry["file"]) + seen).hexdigest()
     if seen and stamp.exists():
         return True
     tidied = subprocess.run([TIDY, "-p", str(database), "--quiet",
@@ -71,9 +77,8 @@ def main():
     database = build / "tidy"
     database.mkdir(exist_ok=True)
     (database / "compile_commands.json").write_text(json.dumps(list(commands.values())))
-    checks = pathlib.Path(".clang-tidy").read_bytes()
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
-        clean = list(pool.map(lambda entry: is_clean(entry, database, checks), commands.values()))
+        clean = list(pool.map(lambda entry: is_clean(entry, database), commands.values()))
     print(f"{clean.count(True)} of {len(clean)} sources are clean")
     return 0 if all(clean) else 1
 

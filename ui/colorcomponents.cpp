@@ -59,7 +59,7 @@ bool ColorComponents::setHexText(const QString &text)
     if (!match.hasMatch())
         return false;
     const QString before = hex();
-    take(colorFromHexText(match.captured(1)).value());
+    take(colorFromHexText(match.captured(1)).value_or(QColor()));
     if (hex() != before)
         Q_EMIT edited(hex());
     return true;
@@ -68,7 +68,7 @@ bool ColorComponents::setHexText(const QString &text)
 void ColorComponents::show(const QString &hex)
 {
     const QColor color = colorFromHexText(hex).value_or(
-        colorFromHexText(AppearanceOptions::extendedPalette().first()).value());
+        colorFromHexText(AppearanceOptions::extendedPalette().first()).value_or(QColor()));
     take(color);
 }
 
