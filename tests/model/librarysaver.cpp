@@ -1,5 +1,5 @@
-// Saves one library after the other under the given directory, until it is killed. Says so when it
-// begins, and nothing else.
+// Saves one library after the other under the given directory, until it is killed. Says a dot when
+// it begins and after each save.
 
 #include "model/libraryfile.h"
 #include "platform/directories.h"
@@ -24,6 +24,12 @@ struct SaverDirectories final : Directories {
     [[nodiscard]] FileURL system(const QString &) const override { return support; }
 };
 
+void sayDot()
+{
+    std::fputc('.', stdout);
+    std::fflush(stdout);
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -34,8 +40,9 @@ int main(int argc, char **argv)
     const SaverDirectories directories(QString::fromLocal8Bit(argv[1]));
     LibraryFile file(files, directories);
     (void)file.load(); // what it says is the tests' business
-    std::fputs("saving\n", stdout);
-    std::fflush(stdout);
-    for (int version = QByteArray(argv[2]).toInt();; version = (version + 1) % savedVersions)
+    sayDot();
+    for (int version = QByteArray(argv[2]).toInt();; version = (version + 1) % savedVersions) {
         file.save(savedVersion(version));
+        sayDot();
+    }
 }
