@@ -9,6 +9,19 @@
 
 #include <algorithm>
 
+namespace {
+
+// A picture fills its area, however small it is itself.
+QImage enlarged(const QImage &picture, const QSize &area)
+{
+    const QSize covering = picture.size().scaled(area, Qt::KeepAspectRatioByExpanding);
+    if (picture.isNull() || covering.width() <= picture.width())
+        return picture;
+    return picture.scaled(covering, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
+} // namespace
+
 PictureProvider *PictureProvider::of(QQmlEngine *engine)
 {
     return engine == nullptr ? nullptr
@@ -45,7 +58,7 @@ PictureRequest PictureProvider::request(const QString &source, const QSize &area
                        .arg(area.height())
                        .arg(radiusShare),
             .make = [bytes = m_pictures.bytes(id), area, radiusShare] {
-                const QImage picture = decodedPicture(bytes, area);
+                const QImage picture = enlarged(decodedPicture(bytes, area), area);
                 return radiusShare > 0 ? roundedPicture(picture, radiusShare) : picture;
             }};
 }

@@ -1,0 +1,146 @@
+#include "model/uuidtext.h"
+#include "tests/ui/windowfixture.h"
+
+/// More folders and items than a window can show.
+class WindowManyTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup() { m_window.reset(); }
+    void onlyVisibleCellsExist();
+    void onlyVisibleRowsExist();
+    void theEndShowsTheLastCell();
+    void theEndShowsTheLastRow();
+    void scrollingThroughLeavesNoCellBehind();
+    void theNumberOfItemsIsWrittenByTheLocale();
+    void theKeyboardReachesTheLastItem();
+
+private:
+    [[nodiscard]] int count(const char *delegate, QQuickItem *root = nullptr) const;
+    [[nodiscard]] QString item(int number) const { return QStringLiteral("i%1").arg(number); }
+    void scrollTo(qreal position);
+
+    static constexpr int items = 2000;
+    static constexpr int folders = 1000;
+    QList<DockFolder> m_folders;
+    std::unique_ptr<WindowFixture> m_window;
+};
+
+void WindowManyTest::initTestCase()
+{
+    QStringList urls;
+    for (int number = 0; number < items; ++number)
+        urls.append(QStringLiteral("file:///i%1").arg(number));
+    m_folders.append(folderNamed(QStringLiteral("Folder 0"), urls));
+    for (int number = 1; number < folders; ++number)
+        m_folders.append(folderNamed(QStringLiteral("Folder %1").arg(number)));
+}
+
+void WindowManyTest::init()
+{
+    failOnWindowWarnings();
+    m_window = std::make_unique<WindowFixture>();
+    QVERIFY(m_window->open(m_folders));
+    m_window->click(m_window->row(QStringLiteral("Folder 0")));
+    QVERIFY(m_window->row(item(0)));
+}
+
+// How many items of a QML type are in the window.
+int WindowManyTest::count(const char *delegate, QQuickItem *root) const
+{
+    QQuickItem *const from = root ? root : m_window->window->contentItem();
+    int found = QByteArray(from->metaObject()->className()).startsWith(delegate) ? 1 : 0;
+    for (QQuickItem *child : from->childItems())
+        found += count(delegate, child);
+    return found;
+}
+
+void WindowManyTest::scrollTo(qreal position)
+{
+    m_window->named("detailScroll")->setProperty("contentY", position);
+    (void)m_window->row(QString()); // the cells take their places
+}
+
+void WindowManyTest::onlyVisibleCellsExist()
+{
+    const int cells = count("FolderItemGridCell_");
+    QVERIFY(cells >= 7);
+    QVERIFY2(cells <= 10 * 7, qPrintable(QString::number(cells)));
+    QCOMPARE(m_window->named("itemGrid")->property("count").toInt(), items);
+}
+
+void WindowManyTest::onlyVisibleRowsExist()
+{
+    const int rows = count("CompanionFolderRow_");
+    QVERIFY(rows >= 10);
+    QVERIFY2(rows <= 40, qPrintable(QString::number(rows)));
+    QCOMPARE(m_window->named("folderList")->property("count").toInt(), folders);
+}
+
+void WindowManyTest::theEndShowsTheLastCell()
+{
+    const QQuickItem *const detail = m_window->named("detailScroll");
+    scrollTo(detail->property("contentHeight").toReal() - detail->height());
+    const QQuickItem *const last = m_window->row(item(items - 1));
+    QVERIFY(last);
+    const qreal top = last->mapToItem(detail, {}).y();
+    QVERIFY(top > 0);
+    QCOMPARE(top + last->height(), detail->height() - 48 - 10); // the insets of page and grid
+    QVERIFY(!m_window->row(item(30)));
+}
+
+void WindowManyTest::theEndShowsTheLastRow()
+{
+    QQuickItem *const list = m_window->named("folderList");
+    QMetaObject::invokeMethod(list, "positionViewAtEnd");
+    const QQuickItem *const last = m_window->row(QStringLiteral("Folder 999"));
+    QVERIFY(last);
+    QVERIFY(last->mapToItem(list, {}).y() + last->height() <= list->height());
+    QVERIFY(count("CompanionFolderRow_") <= 40);
+}
+
+void WindowManyTest::scrollingThroughLeavesNoCellBehind()
+{
+    const QQuickItem *const detail = m_window->named("detailScroll");
+    const qreal last = detail->property("contentHeight").toReal() - detail->height();
+    for (int step = 0; step <= 50; ++step) {
+        scrollTo(last * step / 50);
+        QVERIFY(count("FolderItemGridCell_") <= 10 * 7);
+    }
+    scrollTo(0);
+    QVERIFY(m_window->row(item(0)));
+    QVERIFY(!m_window->row(item(items - 1)));
+}
+
+void WindowManyTest::theNumberOfItemsIsWrittenByTheLocale()
+{
+    const auto shows = [this](const QString &text) {
+        QList<QQuickItem *> left{m_window->window->contentItem()};
+        while (!left.isEmpty()) {
+            QQuickItem *const item = left.takeFirst();
+            if (item->inherits("QQuickText") && item->property("text").toString() == text)
+                return true;
+            left.append(item->childItems());
+        }
+        return false;
+    };
+    QVERIFY(shows(QLocale().toString(items)));
+}
+
+void WindowManyTest::theKeyboardReachesTheLastItem()
+{
+    m_window->named("itemGrid")->forceActiveFocus(Qt::TabFocusReason);
+    m_window->press(Qt::Key_End);
+    QVERIFY(m_window->row(item(items - 1)));
+    QVERIFY(m_window->row(item(items - 1))->property("showsFocusRing").toBool());
+    m_window->press(Qt::Key_Home, Qt::AltModifier);
+    const QString first = m_window->store->folder(m_folders.first().id)->items.first().name;
+    QCOMPARE(first, item(items - 1));
+    QVERIFY(m_window->row(first));
+    QVERIFY(m_window->row(first)->property("showsFocusRing").toBool());
+}
+
+QTEST_MAIN(WindowManyTest)
+#include "tst_windowmany.moc"
