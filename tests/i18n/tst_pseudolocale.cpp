@@ -1,7 +1,9 @@
 #include "i18n/translations.h"
 #include "tests/i18n/textfaults.h"
 #include "tests/ui/windowfixture.h"
+#include "ui/systempanels.h"
 
+#include <QDir>
 #include <QQmlComponent>
 #include <QScopeGuard>
 
@@ -26,6 +28,7 @@ private Q_SLOTS:
     void alertsFit();
     void theAppPickerFits();
     void theColorPanelFits();
+    void theOpenPanelFits();
     void whatIsSeenForAWhileFits_data();
     void whatIsSeenForAWhileFits();
 
@@ -275,6 +278,22 @@ void PseudoLocaleTest::theColorPanelFits()
     m_window->click(custom);
     QTRY_VERIFY(m_window->control(QAccessible::Slider, translated("HueStrip", "Hue")));
     QTRY_VERIFY2(faults().isEmpty(), qUtf8Printable(faults()));
+}
+
+// It begins in the root folder, where there are no pictures of the user yet.
+void PseudoLocaleTest::theOpenPanelFits()
+{
+    SystemPanels panels(m_window->platform);
+    m_window->engine.addImportPath(QStringLiteral(":/qt/qml"));
+    QQmlComponent component(&m_window->engine);
+    component.setData("import Nestlet.Companion\nOpenPanel { folderID: ''; visible: true }", {});
+    const std::unique_ptr<QObject> shown(component.createWithInitialProperties(
+        {{QStringLiteral("panels"), QVariant::fromValue(&panels)}}));
+    auto *const window = qobject_cast<QQuickWindow *>(shown.get());
+    QVERIFY2(window, qUtf8Printable(component.errorString()));
+    QVERIFY(QTest::qWaitForWindowExposed(window));
+    const QString found = textFaults(*window, QDir::root().entryList()).join(u'\n');
+    QVERIFY2(found.isEmpty(), qUtf8Printable(found));
 }
 
 void PseudoLocaleTest::whatIsSeenForAWhileFits_data()
