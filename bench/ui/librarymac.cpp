@@ -17,6 +17,7 @@
 namespace {
 
 constexpr int applicationCount = 60;
+constexpr int pictureCount = 12; // that differ: more would take longer to draw than to measure
 constexpr const char *nowhere = "http://127.0.0.1:9/"; // no feed of updates
 
 void write(const QString &path, const QByteArray &bytes)
@@ -89,9 +90,13 @@ LibraryMac::LibraryMac(int folders, int itemsPerFolder)
 {
     require(m_root.isValid(), "no temporary folder can be made");
     addApplication(QStringLiteral("Nestlet"), nestletBundleIdentifier, iconFile(0));
+    QList<QByteArray> icons;
+    for (int number = 0; number < pictureCount; ++number)
+        icons.append(iconFile(number));
     for (int number = 0; number < applicationCount; ++number) {
         addApplication(applicationName(number),
-                       QStringLiteral("qx.bench.application%1").arg(number), iconFile(number));
+                       QStringLiteral("qx.bench.application%1").arg(number),
+                       icons.at(number % pictureCount));
     }
     addLibrary(folders, itemsPerFolder);
 }
@@ -126,13 +131,16 @@ void LibraryMac::addApplication(const QString &name, const QString &identifier,
 
 void LibraryMac::addLibrary(int folders, int itemsPerFolder) const
 {
+    QList<QByteArray> pictures;
+    for (int number = 0; number < pictureCount; ++number)
+        pictures.append(picture(160, number, 8'000));
     DockFolderLibrary library = LibraryGenerator(1).regularLibrary(
         {.folders = folders, .itemsPerFolder = itemsPerFolder});
     for (int number = 0; number < folders; ++number) {
         DockFolder &folder = library.folders[number];
         folder.iconSymbol.reset();
         if (number % 2 == 0)
-            folder.customIconData = picture(160, number, 8'000);
+            folder.customIconData = pictures.at(number / 2 % pictureCount);
         for (int item = 0; item < itemsPerFolder; ++item) {
             const QString name = applicationName((number * 7 + item) % applicationCount);
             folder.items[item].name = name;
