@@ -67,22 +67,26 @@ bool CompanionViewModel::isNestletInstalled() const
 
 QString CompanionViewModel::nestletURL() const
 {
-    return m_store.nestletURL() ? m_store.nestletURL()->text() : QString();
+    const auto &url = m_store.nestletURL();
+    return url ? url->text() : QString();
 }
 
 QString CompanionViewModel::availableVersion() const
 {
-    return m_store.availableUpdate() ? m_store.availableUpdate()->version : QString();
+    const auto &update = m_store.availableUpdate();
+    return update ? update->version : QString();
 }
 
 int CompanionViewModel::addAllDone() const
 {
-    return static_cast<int>(m_store.installAllProgress() ? m_store.installAllProgress()->done : 0);
+    const auto &progress = m_store.installAllProgress();
+    return static_cast<int>(progress ? progress->done : 0);
 }
 
 int CompanionViewModel::addAllTotal() const
 {
-    return static_cast<int>(m_store.installAllProgress() ? m_store.installAllProgress()->total : 0);
+    const auto &progress = m_store.installAllProgress();
+    return static_cast<int>(progress ? progress->total : 0);
 }
 
 void CompanionViewModel::announceInstalled(const QUuid &id)
@@ -127,8 +131,8 @@ void CompanionViewModel::openNestlet()
 
 void CompanionViewModel::downloadUpdate()
 {
-    if (m_store.availableUpdate())
-        m_store.openUpdateDownload(*m_store.availableUpdate());
+    if (const auto &update = m_store.availableUpdate())
+        m_store.openUpdateDownload(*update);
 }
 
 void CompanionViewModel::dismissUpdate()

@@ -23,7 +23,7 @@ void blurLine(std::span<uchar> values, qsizetype stride, int reach, std::vector<
         sum += copy[static_cast<size_t>(index)];
     for (int index = 0; index < count; ++index) {
         if (index + reach < count)
-            sum += copy[static_cast<size_t>(index + reach)];
+            sum += copy[static_cast<size_t>(index) + static_cast<size_t>(reach)];
         if (index > reach)
             sum -= copy[static_cast<size_t>(index - reach - 1)];
         at(index) = static_cast<uchar>(sum / (2 * reach + 1));
