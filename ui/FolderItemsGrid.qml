@@ -148,7 +148,7 @@ Item {
         interactive: false
         highlightFollowsCurrentItem: false
         keyNavigationEnabled: false
-        activeFocusOnTab: !root.isEmpty
+        activeFocusOnTab: !root.isEmpty || grid.activeFocus // the focused one has to stay one
         model: root.items
         Accessible.role: Accessible.List
         Accessible.name: qsTr("Items")
