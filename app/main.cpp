@@ -11,11 +11,14 @@
 #include "ui/systempanels.h"
 
 #include <QCommandLineParser>
+#include <QEventLoop>
 #include <QGuiApplication>
-#include <QQmlApplicationEngine>
+#include <QQmlComponent>
+#include <QQmlEngine>
 #include <QQuickWindow>
 
 #include <algorithm>
+#include <memory>
 #include <string_view>
 
 // Generated with the QML module. Naming it keeps the module's types in the program.
@@ -40,6 +43,14 @@ bool isQuestion(std::string_view argument)
     return argument == "--help" || argument == "-h" || argument == "--version" || argument == "-v";
 }
 
+void waitUntilLoaded(const QQmlComponent &component)
+{
+    QEventLoop waiting;
+    QObject::connect(&component, &QQmlComponent::statusChanged, &waiting, &QEventLoop::quit);
+    if (component.isLoading())
+        waiting.exec();
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -56,6 +67,21 @@ int main(int argc, char *argv[])
     const Translations translations(application);
     answerCommandLine(QCoreApplication::arguments()); // without the toolkit's own
     Platform platform = makePlatform();
+    PictureStore pictures;
+    SystemPanels panels(platform);
+
+    // The window's types are loaded on a thread of the engine's while the store reads the library.
+    [[maybe_unused]] auto *const volatile uiTypes = &qml_register_types_Nestlet_Companion;
+    QQmlEngine engine;
+    addImageProviders(engine, *platform.workspace, pictures);
+    setAppearance(engine, *platform.appearance);
+    engine.addImportPath(QStringLiteral(":/qt/qml"));
+    QObject::connect(&engine, &QQmlEngine::quit, &application, &QCoreApplication::quit,
+                     Qt::QueuedConnection);
+    QQmlComponent component(&engine,
+                            QUrl(QStringLiteral("qrc:/qt/qml/Nestlet/Companion/CompanionView.qml")),
+                            QQmlComponent::Asynchronous);
+
     CompanionEngine companion(platform, EventTurns::Start::OnRelease);
     companion.store.start();
     QObject::connect(&application, &QGuiApplication::applicationStateChanged, &companion.store,
@@ -63,28 +89,24 @@ int main(int argc, char *argv[])
                          if (state == Qt::ApplicationActive)
                              companion.store.applicationBecameActive();
                      });
-
-    [[maybe_unused]] auto *const volatile uiTypes = &qml_register_types_Nestlet_Companion;
-    PictureStore pictures;
     CompanionViewModel viewModel(companion.store, pictures, [&] {
         return scanInstalledApplications(*platform.files, *platform.directories);
     });
     if (platform.announcer)
         QObject::connect(&viewModel, &CompanionViewModel::announced,
                          [&](const QString &text) { platform.announcer->announce(text); });
-    SystemPanels panels(platform);
-    QQmlApplicationEngine engine;
-    addImageProviders(engine, *platform.workspace, pictures);
-    setAppearance(engine, *platform.appearance);
-    engine.setInitialProperties({{QStringLiteral("model"), QVariant::fromValue(&viewModel)},
-                                 {QStringLiteral("panels"), QVariant::fromValue(&panels)}});
-    engine.addImportPath(QStringLiteral(":/qt/qml"));
-    engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Nestlet/Companion/CompanionView.qml")));
-    if (engine.rootObjects().isEmpty())
+
+    waitUntilLoaded(component);
+    const std::unique_ptr<QObject> root(component.createWithInitialProperties(
+        {{QStringLiteral("model"), QVariant::fromValue(&viewModel)},
+         {QStringLiteral("panels"), QVariant::fromValue(&panels)}}));
+    const auto *window = qobject_cast<QQuickWindow *>(root.get());
+    if (!window) {
+        qCritical().noquote() << component.errorString();
         return EXIT_FAILURE;
+    }
 
     // The rebuilds that a launch begins with block the main thread: the window comes first.
-    const auto *window = qobject_cast<QQuickWindow *>(engine.rootObjects().first());
     QObject::connect(
         window, &QQuickWindow::frameSwapped, &companion.proxies,
         [&] { companion.proxies.release(); },
