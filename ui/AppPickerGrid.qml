@@ -1,5 +1,3 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import QtQuick.Controls.Basic
 import Nestlet.Companion
@@ -11,8 +9,6 @@ FocusScope {
     required property AppPickerModel picker
     readonly property int spacing: 12
     readonly property int leastColumnWidth: 80
-    /// 1.5 in whole pixels of the screen: a part of one would not be as wide on all four sides.
-    readonly property real outlineWidth: Math.round(1.5 * Screen.devicePixelRatio) / Screen.devicePixelRatio
     readonly property int hoveredRow: {
         // What is under a pointer that rests changes when the grid scrolls.
         const isPlaced = grid.contentY >= grid.originY - grid.topMargin;
@@ -148,7 +144,6 @@ FocusScope {
             height: grid.cellHeight
             isHovered: root.hoveredRow === index
             hasFocusRing: grid.showsFocus && GridView.isCurrentItem
-            outlineWidth: root.outlineWidth
             onToggled: root.picker.toggle(index)
         }
     }
