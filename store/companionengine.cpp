@@ -10,7 +10,7 @@
 #include "platform/workspace.h"
 
 CompanionEngine::CompanionEngine(Platform &platform, EventTurns::Start longOperations)
-    : library(*platform.files, *platform.directories)
+    : folderLibrary(*platform.files, *platform.directories)
     , codeSign(*platform.processes, *platform.files, *platform.directories)
     , templateApp({.files = *platform.files,
                    .directories = *platform.directories,
@@ -31,7 +31,7 @@ CompanionEngine::CompanionEngine(Platform &platform, EventTurns::Start longOpera
            .clock = *platform.clock},
           [this](const QUuid &id) { return store.folder(id); }, longOperations)
     , store({.platform = platform,
-             .library = library,
+             .folderLibrary = folderLibrary,
              .templateApp = templateApp,
              .proxyDirectory = proxyDirectory,
              .proxies = proxies})

@@ -18,7 +18,7 @@ struct CompanionEngine {
     ~CompanionEngine();
     Q_DISABLE_COPY_MOVE(CompanionEngine)
 
-    LibraryFile library;
+    LibraryFile folderLibrary;
     CodeSign codeSign;
     TemplateApp templateApp;
     ProxyDirectory proxyDirectory;

@@ -113,7 +113,7 @@ void CompanionStore::load()
 {
     requireMainThread();
     m_isReloading = true;
-    const LibraryFile::Contents read = m_.library.load();
+    const LibraryFile::Contents read = m_.folderLibrary.load();
     const bool hadLockedFolders = !std::exchange(m_lockedFolderIDs, {}).isEmpty();
     if (hadLockedFolders)
         Q_EMIT lockedFolderIDsChanged();
@@ -141,7 +141,7 @@ void CompanionStore::save()
     library.selectedFolderID = m_folders.isEmpty() ? fallbackFolder().id : m_folders.first().id;
     m_hasUnsavedFolders = true;
     try {
-        m_.library.save(library);
+        m_.folderLibrary.save(library);
         m_hasUnsavedFolders = false;
     } catch (const Error &error) {
         setErrorMessage(error.description());
@@ -150,7 +150,7 @@ void CompanionStore::save()
 
 void CompanionStore::startWatching()
 {
-    const FileURL directory = m_.library.directory();
+    const FileURL directory = m_.folderLibrary.directory();
     ignoringErrors([&] { m_.platform.files->createDirectories(directory); });
     m_jsonWatcher = m_.platform.watcher->watch(directory, [this] { scheduleReload(); });
 }

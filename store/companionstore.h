@@ -34,7 +34,7 @@ public:
     /// Borrowed; they outlive the store.
     struct Collaborators {
         Platform &platform;
-        LibraryFile &library;
+        LibraryFile &folderLibrary;
         const TemplateApp &templateApp;
         const ProxyDirectory &proxyDirectory;
         ProxyLifecycle &proxies;

@@ -167,7 +167,7 @@ void CompanionStore::resetEverything()
 {
     requireMainThread();
     m_.proxies.removeEverything(unlockedFolderIDs());
-    m_.library.removeAll();
+    m_.folderLibrary.removeAll();
     clearError();
     m_hasUnsavedFolders = true;
     setFolders({newDockFolder(1)});

@@ -37,7 +37,7 @@ QString existingDirectoryAbove(const QString &path)
 
 Library::Library(const StandInMac &mac, QObject *parent)
     : QObject(parent)
-    , m_path(mac.library())
+    , m_path(mac.folderLibraryPath())
     , m_folders(readFolders(m_path).value_or(QList<DockFolder>()))
     , m_watcher(new QFileSystemWatcher(this))
 {

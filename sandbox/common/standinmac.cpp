@@ -31,7 +31,7 @@ std::optional<StandInMac> StandInMac::current()
     return std::nullopt;
 }
 
-QString StandInMac::library() const
+QString StandInMac::folderLibraryPath() const
 {
     return path(u"Users/me/Library/Application Support/Nestlet/Nestlet.json");
 }

@@ -23,7 +23,7 @@ public:
     [[nodiscard]] QString root() const { return m_root; }
     [[nodiscard]] QString path(QStringView below) const { return m_root + u'/' + below; }
     [[nodiscard]] QString home() const { return path(u"Users/me"); }
-    [[nodiscard]] QString library() const;
+    [[nodiscard]] QString folderLibraryPath() const;
     [[nodiscard]] QString dockPreferences() const;
     [[nodiscard]] QString dockApp() const;
     /// Present in the root of every finished stand-in.

@@ -32,7 +32,7 @@ private Q_SLOTS:
 private:
     void writeLibrary(const DockFolder &folder) const
     {
-        writeFile(m_standIn.mac().library(),
+        writeFile(m_standIn.mac().folderLibraryPath(),
                   encodeLibrary({.folders = {folder}, .selectedFolderID = folder.id}));
     }
     void makeProxy(const QVariantMap &extra) const;
@@ -113,13 +113,13 @@ void SandboxPanelTest::followsTheLibrary()
         QStringLiteral(R"( folder {"accent":"#112233","columns":3,"items":[],"name":"Play"})")));
 
     folder.name = QStringLiteral("In place");
-    QFile file(m_standIn.mac().library());
+    QFile file(m_standIn.mac().folderLibraryPath());
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.write(encodeLibrary({.folders = {folder}, .selectedFolderID = folder.id}));
     file.close();
     QTRY_VERIFY(m_standIn.log().contains(u"\"name\":\"In place\""));
 
-    QVERIFY(QDir(QFileInfo(m_standIn.mac().library()).path()).removeRecursively());
+    QVERIFY(QDir(QFileInfo(m_standIn.mac().folderLibraryPath()).path()).removeRecursively());
     QTest::qWait(200);
     folder.name = QStringLiteral("After all");
     writeLibrary(folder); // its directory is made anew
@@ -129,7 +129,7 @@ void SandboxPanelTest::followsTheLibrary()
 void SandboxPanelTest::keepsWhatItShowsWhenTheLibraryIsSpoilt()
 {
     start();
-    writeFile(m_standIn.mac().library(), QByteArrayLiteral("{"));
+    writeFile(m_standIn.mac().folderLibraryPath(), QByteArrayLiteral("{"));
     QTest::qWait(300);
     QCOMPARE(m_standIn.log().count(u" folder "), 1);
     DockFolder folder = m_folder;

@@ -74,7 +74,7 @@ void RealScene::restore()
 
 void RealScene::startWith(const QList<DockFolder> &folders)
 {
-    writeFile(m_standIn.mac().library(),
+    writeFile(m_standIn.mac().folderLibraryPath(),
               encodeLibrary({.folders = folders, .selectedFolderID = folders.first().id}));
     restart();
 }

@@ -82,12 +82,12 @@ void StoreFixture::writeLibrary(const QList<DockFolder> &folders) const
 
 void StoreFixture::writeLibraryBytes(const QByteArray &bytes) const
 {
-    writeFile(library.url(), bytes, files.files);
+    writeFile(folderLibrary.url(), bytes, files.files);
 }
 
 QByteArray StoreFixture::libraryBytes() const
 {
-    return files.files.read(library.url());
+    return files.files.read(folderLibrary.url());
 }
 
 std::optional<DockFolderLibrary> StoreFixture::savedLibrary() const
@@ -97,7 +97,7 @@ std::optional<DockFolderLibrary> StoreFixture::savedLibrary() const
 
 bool StoreFixture::hasLibraryFile() const
 {
-    return files.files.exists(library.url());
+    return files.files.exists(folderLibrary.url());
 }
 
 void StoreFixture::finishEverything()

@@ -54,7 +54,7 @@ struct StoreFixture : FakePlatform {
     void finishEverything();
 
     CompanionEngine companion;
-    LibraryFile &library = companion.library;
+    LibraryFile &folderLibrary = companion.folderLibrary;
     TemplateApp &templateApp = companion.templateApp;
     ProxyDirectory &proxyDirectory = companion.proxyDirectory;
     ProxyLifecycle &proxies = companion.proxies;

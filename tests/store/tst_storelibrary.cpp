@@ -195,7 +195,7 @@ void StoreLibraryTest::aFileThatGoesAwayGivesOneNewFolder()
 {
     m_fixture->writeLibrary({folderNamed(QStringLiteral("Work"))});
     store().start();
-    m_fixture->files.files.remove(m_fixture->library.url());
+    m_fixture->files.files.remove(m_fixture->folderLibrary.url());
     change();
     QCOMPARE(namesOf(store().folders()), QStringList{QStringLiteral("Dock Folder 1")});
 }
@@ -269,8 +269,8 @@ void StoreLibraryTest::whatIsNoProxyIsNeverTouchedAtLoad()
 void StoreLibraryTest::theLibraryDirectoryIsWatched()
 {
     store().start();
-    QCOMPARE(m_fixture->watcher.watched, QList{m_fixture->library.directory()});
-    QVERIFY(m_fixture->files.exists(m_fixture->library.directory()));
+    QCOMPARE(m_fixture->watcher.watched, QList{m_fixture->folderLibrary.directory()});
+    QVERIFY(m_fixture->files.exists(m_fixture->folderLibrary.directory()));
 }
 
 QTEST_GUILESS_MAIN(StoreLibraryTest)

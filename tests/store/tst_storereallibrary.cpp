@@ -44,13 +44,13 @@ private:
     // As another program does: a new file is put in the place of the old one.
     void writeLibrary(const QList<DockFolder> &folders) const
     {
-        writeFile(m_companion->engine.library.url(),
+        writeFile(m_companion->engine.folderLibrary.url(),
                   encodeLibrary({.folders = folders, .selectedFolderID = folders.first().id}),
                   *m_companion->platform.files);
     }
     [[nodiscard]] QByteArray libraryBytes() const
     {
-        return m_companion->platform.files->read(m_companion->engine.library.url());
+        return m_companion->platform.files->read(m_companion->engine.folderLibrary.url());
     }
     // Replaces the file 200 times; returns the longest time in which no event could be handled.
     qint64 burst(DockFolder folder) const;
@@ -117,11 +117,11 @@ void StoreRealLibraryTest::aFileThatIsDeletedAndComesBackIsFollowed()
 {
     const DockFolder folder = folderNamed(QStringLiteral("Work"));
     startWith({folder});
-    m_companion->platform.files->remove(m_companion->engine.library.url());
+    m_companion->platform.files->remove(m_companion->engine.folderLibrary.url());
     QTRY_COMPARE_WITH_TIMEOUT(namesOf(store().folders()),
                               QStringList(QStringLiteral("Dock Folder 1")), patience);
     QTest::qWait(quiet);
-    QVERIFY(!m_companion->platform.files->exists(m_companion->engine.library.url()));
+    QVERIFY(!m_companion->platform.files->exists(m_companion->engine.folderLibrary.url()));
 
     writeLibrary({folder, folderNamed(QStringLiteral("Play"))});
     QTRY_COMPARE_WITH_TIMEOUT(store().folders().size(), 2, patience);
@@ -137,13 +137,14 @@ void StoreRealLibraryTest::aFileWrittenInPlaceIsFollowed()
     DockFolder folder = store().folders().first();
     folder.name = QStringLiteral("In place");
     const QByteArray bytes = encodeLibrary({.folders = {folder}, .selectedFolderID = folder.id});
-    QFile file(m_companion->engine.library.url().path());
+    QFile file(m_companion->engine.folderLibrary.url().path());
     QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
     QCOMPARE(file.write(bytes), bytes.size());
     file.close();
     // A directory tells of names that come and go, not of bytes: another change brings them along.
-    writeFile(m_companion->engine.library.directory().appendingFile(QStringLiteral("touched")), "x",
-              *m_companion->platform.files);
+    writeFile(
+        m_companion->engine.folderLibrary.directory().appendingFile(QStringLiteral("touched")), "x",
+        *m_companion->platform.files);
     QTRY_COMPARE_WITH_TIMEOUT(store().folders().first().name, QStringLiteral("In place"), patience);
 }
 
@@ -153,8 +154,8 @@ void StoreRealLibraryTest::anotherFileInTheDirectoryDisturbsNothing()
     QTest::qWait(quiet);
     QSignalSpy loads(&store(), &CompanionStore::presenceChanged);
     const QSignalSpy changes(&store(), &CompanionStore::foldersChanged);
-    writeFile(m_companion->engine.library.directory().appendingFile(QStringLiteral("other")), "x",
-              *m_companion->platform.files);
+    writeFile(m_companion->engine.folderLibrary.directory().appendingFile(QStringLiteral("other")),
+              "x", *m_companion->platform.files);
     QTRY_COMPARE_WITH_TIMEOUT(loads.count(), 1, patience);
     QCOMPARE(changes.count(), 0);
 }

@@ -385,7 +385,7 @@ void StoreRealProxiesTest::resetTakesEverythingAway()
     QCOMPARE(store().errorMessage(), QString());
     QCOMPARE(namesOf(store().folders()), QStringList(QStringLiteral("Dock Folder 1")));
     QVERIFY(!QFileInfo::exists(m_scene.proxyDirectory()));
-    QVERIFY(!QFileInfo::exists(m_scene.standIn().mac().library()));
+    QVERIFY(!QFileInfo::exists(m_scene.standIn().mac().folderLibraryPath()));
     QVERIFY(!QFileInfo::exists(support + u"/Nestlet Companion"));
     QCOMPARE(pinnedPaths(), others);
     QVERIFY(m_scene.waitUntilGone(folder));

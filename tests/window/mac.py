@@ -100,7 +100,7 @@ class StandInMac:
             return []
 
     @property
-    def library(self):
+    def folder_library(self):
         return self.root / "Users/me/Library/Application Support/Nestlet/Nestlet.json"
 
     @property
@@ -143,14 +143,14 @@ class StandInMac:
         return {"id": fixed_id(name), "name": name, "items": items} | fields
 
     def write_library(self, *records):
-        self.library.parent.mkdir(parents=True, exist_ok=True)
-        self.library.write_text(json.dumps(
+        self.folder_library.parent.mkdir(parents=True, exist_ok=True)
+        self.folder_library.write_text(json.dumps(
             {"folders": list(records), "selectedFolderID": records[0]["id"]}))
 
     def folders(self):
         """The library's folders by name."""
         try:
-            library = json.loads(self.library.read_bytes())
+            library = json.loads(self.folder_library.read_bytes())
         except OSError:
             return {}
         return {folder["name"]: folder for folder in library["folders"]}
