@@ -60,10 +60,22 @@ function(companion_export_headers target room)
   endif()
 endfunction()
 
-# The C++ that Qt generates from a module's QML files is not ours to warn about.
+# The C++ that Qt generates from a module's QML files is not ours to warn about, and most of its
+# compile time is the same headers: it is compiled many files at a time.
 function(companion_allow_generated_qml_code target)
   get_target_property(sources ${target} SOURCES)
-  list(FILTER sources INCLUDE REGEX "\\.rcc/qmlcache/|_qmltyperegistrations\\.cpp")
+  foreach(source ${sources})
+    if(NOT source MATCHES "\\.rcc/qmlcache/")
+      set_source_files_properties("${source}" PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+    endif()
+  endforeach()
+  set(ignored "")
+  foreach(warning shadow conversion unused-parameter unused-variable)
+    string(APPEND ignored "#pragma GCC diagnostic ignored \"-W${warning}\"\n")
+  endforeach()
+  set_target_properties(${target} PROPERTIES
+    UNITY_BUILD ON UNITY_BUILD_CODE_BEFORE_INCLUDE "${ignored}")
+  list(FILTER sources INCLUDE REGEX "_qmltyperegistrations\\.cpp")
   set_source_files_properties(${sources} PROPERTIES
     COMPILE_OPTIONS "-Wno-shadow;-Wno-conversion;-Wno-unused-parameter;-Wno-unused-variable")
 endfunction()

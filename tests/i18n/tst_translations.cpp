@@ -69,7 +69,7 @@ void TranslationsTest::theProgramSpeaksTheUsersLanguage()
                   {QStringLiteral("--help")});
     QVERIFY(program.waitForFinished());
     const QByteArray said = program.readAll();
-    QVERIFY2(said.contains(says + '\n'), said.constData());
+    QVERIFY2(said.split('\n').contains(says), said.constData());
 }
 
 void TranslationsTest::aCatalogueEndsWithItsOwner()

@@ -265,7 +265,8 @@ void PortableIconsTest::unpacksMixedRuns()
     const QByteArray red = packed.left(3) + QByteArray("\x01\x1e\x1e", 3);
     const QByteArray green("\x81\x05", 2);
     const QByteArray blue("\x03\x01\x02\x03\x04", 5);
-    const QImage image = imageFromPlanes(red + green + blue, QByteArrayView(), 2);
+    const QByteArray planes = red + green + blue;
+    const QImage image = imageFromPlanes(planes, QByteArrayView(), 2);
     QCOMPARE(image.size(), QSize(2, 2));
     QCOMPARE(image.pixelColor(0, 0), QColor(10, 5, 1));
     QCOMPARE(image.pixelColor(1, 0), QColor(20, 5, 2));
