@@ -54,12 +54,14 @@ QByteArray bigEndian(qsizetype number)
     return bytes;
 }
 
-// An icon file: a header with its length, and so before each picture.
+// An icon file with the sizes that an application's has: a header with its length, and so before
+// each picture.
 QByteArray iconFile(int number)
 {
     constexpr qsizetype header = 8;
     QByteArray pictures;
-    for (const auto &[type, side] : {std::pair("ic07", 128), std::pair("ic08", 256)}) {
+    for (const auto &[type, side] : {std::pair("icp4", 16), std::pair("icp5", 32),
+                                     std::pair("ic07", 128), std::pair("ic08", 256)}) {
         const QByteArray bytes = picture(side, number, side * 4);
         pictures += type + bigEndian(bytes.size() + header) + bytes;
     }
