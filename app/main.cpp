@@ -70,7 +70,8 @@ int main(int argc, char *argv[])
     PictureStore pictures;
     SystemPanels panels(platform);
 
-    // The window's types are loaded on a thread of the engine's while the store reads the library.
+    // The window's types are loaded on a thread of the engine's while this one reads the fonts and
+    // the library.
     [[maybe_unused]] auto *const volatile uiTypes = &qml_register_types_Nestlet_Companion;
     QQmlEngine engine;
     addImageProviders(engine, *platform.workspace, pictures);
@@ -81,6 +82,8 @@ int main(int argc, char *argv[])
     QQmlComponent component(&engine,
                             QUrl(QStringLiteral("qrc:/qt/qml/Nestlet/Companion/CompanionView.qml")),
                             QQmlComponent::Asynchronous);
+
+    loadFonts(*platform.appearance);
 
     CompanionEngine companion(platform, EventTurns::Start::OnRelease);
     companion.store.start();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QColor>
+#include <QString>
 
 #include <functional>
 #include <optional>
@@ -19,6 +20,8 @@ public:
     virtual ~Appearance() = default;
 
     [[nodiscard]] virtual Settings settings() const = 0;
+    /// Of the windows' texts. Empty: the application's own font.
+    [[nodiscard]] virtual QString fontFamily() const { return {}; }
     /// From now on calls `changed`, on the main thread, after each change of the settings.
     virtual void observe(std::function<void()> changed) = 0;
 };

@@ -58,7 +58,7 @@ QtObject {
 
     // Fonts
 
-    readonly property string fontFamily: Qt.platform.os === "osx" ? Qt.application.font.family : "Inter"
+    readonly property string fontFamily: SystemAppearance.fontFamily
     readonly property int titleSize: 22
     readonly property int bodySize: 13
     readonly property int calloutSize: 12

@@ -2,17 +2,35 @@
 
 #include "platform/qt/paletteappearance.h"
 
+#include <QFontMetrics>
+#include <QGuiApplication>
 #include <QQmlEngine>
 
 namespace {
 
 constexpr const char *appearanceProperty = "companionAppearance";
 
+QString fontFamilyOf(const Appearance &appearance)
+{
+    const QString family = appearance.fontFamily();
+    return family.isEmpty() ? QGuiApplication::font().family() : family;
+}
+
 } // namespace
 
 void setAppearance(QQmlEngine &engine, Appearance &appearance)
 {
     engine.setProperty(appearanceProperty, QVariant::fromValue(&appearance));
+}
+
+void loadFonts(const Appearance &appearance)
+{
+    // The theme's weights: each is a file. Sizes of the same file cost little.
+    for (const auto weight : {QFont::Normal, QFont::Medium, QFont::DemiBold, QFont::Bold}) {
+        QFont font(fontFamilyOf(appearance));
+        font.setWeight(weight);
+        QFontMetrics(font).horizontalAdvance(u'A');
+    }
 }
 
 SystemAppearance *SystemAppearance::create(QQmlEngine *engine, QJSEngine *)
@@ -38,6 +56,11 @@ QColor SystemAppearance::accent() const
     constexpr QRgb blue = 0x007AFF;
     constexpr QRgb blueInTheDark = 0x0A84FF;
     return m_settings.accent.value_or(QColor(m_settings.isDark ? blueInTheDark : blue));
+}
+
+QString SystemAppearance::fontFamily() const
+{
+    return fontFamilyOf(m_appearance);
 }
 
 void SystemAppearance::update()

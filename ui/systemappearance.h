@@ -16,6 +16,7 @@ class SystemAppearance final : public QObject {
     Q_PROPERTY(bool isDark READ isDark NOTIFY changed)
     Q_PROPERTY(QColor accent READ accent NOTIFY changed)
     Q_PROPERTY(bool reducesMotion READ reducesMotion NOTIFY changed)
+    Q_PROPERTY(QString fontFamily READ fontFamily CONSTANT)
 
 public:
     /// Has no other observer, and outlives this. Null: goes by the colours of the desktop.
@@ -27,6 +28,7 @@ public:
     [[nodiscard]] bool isDark() const { return m_settings.isDark; }
     [[nodiscard]] QColor accent() const;
     [[nodiscard]] bool reducesMotion() const { return m_settings.reducesMotion; }
+    [[nodiscard]] QString fontFamily() const;
 
 Q_SIGNALS:
     void changed();
@@ -41,3 +43,7 @@ private:
 
 /// Names the appearance that an engine's windows follow; to be called before it loads anything.
 void setAppearance(QQmlEngine &engine, Appearance &appearance);
+
+/// Reads the fonts of the windows' texts, which the first text would wait for: to be called while
+/// something else has to be waited for.
+void loadFonts(const Appearance &appearance);

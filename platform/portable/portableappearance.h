@@ -13,6 +13,7 @@ public:
     PortableAppearance(const FileURL &preferences, std::unique_ptr<Appearance> desktop);
 
     [[nodiscard]] Settings settings() const override { return m_settings; }
+    [[nodiscard]] QString fontFamily() const override { return m_desktop->fontFamily(); }
     void observe(std::function<void()> changed) override { m_changed = std::move(changed); }
 
 private:

@@ -10,6 +10,7 @@ public:
     PaletteAppearance();
 
     [[nodiscard]] Settings settings() const override { return m_settings; }
+    [[nodiscard]] QString fontFamily() const override { return QStringLiteral("Inter"); }
     void observe(std::function<void()> changed) override { m_changed = std::move(changed); }
     bool eventFilter(QObject *watched, QEvent *event) override;
 

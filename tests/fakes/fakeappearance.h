@@ -5,6 +5,7 @@
 /// Looks as the test says.
 struct FakeAppearance final : Appearance {
     Settings current{};
+    QString family{};
     std::function<void()> changed{};
 
     /// The user chose other settings.
@@ -16,5 +17,6 @@ struct FakeAppearance final : Appearance {
     }
 
     [[nodiscard]] Settings settings() const override { return current; }
+    [[nodiscard]] QString fontFamily() const override { return family; }
     void observe(std::function<void()> observer) override { changed = std::move(observer); }
 };

@@ -2,6 +2,7 @@
 
 #include "tests/fakes/fakeappearance.h"
 
+#include <QFont>
 #include <QGuiApplication>
 #include <QPalette>
 #include <QQmlComponent>
@@ -27,6 +28,7 @@ private Q_SLOTS:
     void followsThePlatform();
     void sameSettingsAreNoChange();
     void withoutAPlatformTheDesktopDecides();
+    void textsAreInTheFontThatThePlatformNames();
     void observesNoLongerThanItLives();
     void theThemeFollowsLive();
 };
@@ -70,6 +72,15 @@ void SystemAppearanceTest::withoutAPlatformTheDesktopDecides()
     QVERIFY(!appearance.reducesMotion());
     QCOMPARE(appearance.accent(), blueInTheDark);
     QGuiApplication::setPalette(before);
+}
+
+void SystemAppearanceTest::textsAreInTheFontThatThePlatformNames()
+{
+    FakeAppearance fake;
+    QCOMPARE(SystemAppearance(&fake).fontFamily(), QGuiApplication::font().family());
+    fake.family = QStringLiteral("Some Family");
+    QCOMPARE(SystemAppearance(&fake).fontFamily(), QStringLiteral("Some Family"));
+    loadFonts(fake); // warns of nothing, though the family is not there
 }
 
 void SystemAppearanceTest::observesNoLongerThanItLives()
