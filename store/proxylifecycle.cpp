@@ -11,6 +11,8 @@
 
 #include <QPointer>
 
+#include <algorithm>
+
 using namespace std::chrono_literals;
 
 namespace {
@@ -25,6 +27,12 @@ void logRebuildFailure(const QString &folderName, const Error &error)
         << "Nestlet Companion: rebuild of '" << folderName << "' failed: " << error.description();
 }
 
+// The Dock app of the folder that Nestlet manages by itself: nobody else's to rebuild or remove.
+bool isNestletsOwn(const ProxyDirectory::Entry &entry)
+{
+    return entry.folderID == appStoreFolderID();
+}
+
 } // namespace
 
 ProxyLifecycle::ProxyLifecycle(const Collaborators &collaborators, FolderLookup folderNow,
@@ -35,61 +43,55 @@ ProxyLifecycle::ProxyLifecycle(const Collaborators &collaborators, FolderLookup 
 {
 }
 
-QCoro::Task<> ProxyLifecycle::install(QUuid folderID)
+QCoro::Task<std::optional<ProxyLifecycle::Build>> ProxyLifecycle::prepare(QUuid folderID)
 {
     const QPointer<ProxyLifecycle> self(this);
     co_await m_turns.next();
     if (!self || !m_folderNow(folderID))
-        co_return;
+        co_return std::nullopt;
     const FileURL templateApp = m_.templateApp.locateNestletApp();
     co_await terminateRunningProxies(folderID);
     if (!self)
-        co_return;
+        co_return std::nullopt;
     co_await m_turns.next();
     if (!self)
-        co_return;
+        co_return std::nullopt;
     // As it is now: during the waits it may have been renamed or have gone.
     const std::optional<DockFolder> folder = m_folderNow(folderID);
     if (!folder)
+        co_return std::nullopt;
+    co_return Build{.templateApp = templateApp, .folder = *folder};
+}
+
+QCoro::Task<> ProxyLifecycle::install(QUuid folderID)
+{
+    const std::optional<Build> build = co_await prepare(folderID);
+    if (!build)
         co_return;
 
     // No wait from here on: another folder of the same name would be given the same place.
-    const FileURL target = m_.directory.proxyAppURL(*folder);
+    const FileURL target = m_.directory.proxyAppURL(build->folder);
     for (const FileURL &proxy : m_.directory.installedProxyURLs(folderID)) {
         if (proxy.path() != target.path())
             unregisterAndRemove(proxy);
     }
     removeIfOccupied(target);
     m_.files.createDirectories(target.deletingLastPathComponent());
-    m_.builder.buildProxy(templateApp, target, *folder);
+    m_.builder.buildProxy(build->templateApp, target, build->folder);
     launchProxy(target, Activation::Foreground);
 }
 
 QCoro::Task<> ProxyLifecycle::rebuild(QUuid folderID, FileURL proxy)
 {
-    const QPointer<ProxyLifecycle> self(this);
-    co_await m_turns.next();
-    if (!self)
-        co_return;
-    std::optional<DockFolder> folder = m_folderNow(folderID);
-    if (!folder)
-        co_return;
     try {
-        const FileURL templateApp = m_.templateApp.locateNestletApp();
-        co_await terminateRunningProxies(folderID);
-        if (!self)
-            co_return;
-        co_await m_turns.next();
-        if (!self)
-            co_return;
-        folder = m_folderNow(folderID); // as it is now: it may have been renamed during the wait
-        if (!folder)
+        const std::optional<Build> build = co_await prepare(folderID);
+        if (!build)
             co_return;
         m_.files.remove(proxy);
-        m_.builder.buildProxy(templateApp, proxy, *folder);
+        m_.builder.buildProxy(build->templateApp, proxy, build->folder);
         launchProxy(proxy, Activation::Background);
-    } catch (const Error &error) {
-        logRebuildFailure(folder->name, error);
+    } catch (const Error &error) { // right after a look at the folder: this and it are still here
+        logRebuildFailure(m_folderNow(folderID).value_or(DockFolder{}).name, error);
     }
 }
 
@@ -141,6 +143,8 @@ void ProxyLifecycle::removeIfOccupied(const FileURL &url)
 
 void ProxyLifecycle::removeProxies(const QUuid &folderID)
 {
+    if (folderID == appStoreFolderID())
+        return;
     for (const RunningApplication &application :
          m_.applications.withBundleIdentifier(proxyBundleIdentifier(folderID)))
         m_.applications.terminate(application);
@@ -151,7 +155,7 @@ void ProxyLifecycle::removeProxies(const QUuid &folderID)
 void ProxyLifecycle::removeOrphanProxies(const QSet<QUuid> &folderIDs)
 {
     for (const ProxyDirectory::Entry &entry : m_.directory.entries()) {
-        if (entry.folderID && !folderIDs.contains(*entry.folderID))
+        if (entry.folderID && !folderIDs.contains(*entry.folderID) && !isNestletsOwn(entry))
             unregisterAndRemove(entry.url);
     }
 }
@@ -160,7 +164,11 @@ void ProxyLifecycle::removeEverything(const QList<QUuid> &folderIDs)
 {
     for (const QUuid &folderID : folderIDs)
         removeProxies(folderID);
-    for (const ProxyDirectory::Entry &entry : m_.directory.entries())
-        unregisterAndRemove(entry.url);
-    ignoringErrors([this] { m_.files.remove(m_.directory.url()); });
+    const QList<ProxyDirectory::Entry> entries = m_.directory.entries();
+    for (const ProxyDirectory::Entry &entry : entries) {
+        if (!isNestletsOwn(entry))
+            unregisterAndRemove(entry.url);
+    }
+    if (std::ranges::none_of(entries, isNestletsOwn))
+        ignoringErrors([this] { m_.files.remove(m_.directory.url()); });
 }

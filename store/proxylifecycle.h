@@ -47,8 +47,7 @@ public:
     /// Builds an installed proxy anew where it is and launches it in the background. Failures go to
     /// the system log only.
     QCoro::Task<> rebuild(QUuid folderID, FileURL proxy);
-    /// Quits the running copies of a folder's proxy, by force those that have not gone after 5 s.
-    QCoro::Task<> terminateRunningProxies(QUuid folderID);
+    // The Dock app of the folder that Nestlet manages by itself is removed by none of these.
 
     /// Tells the folder's running copies to quit, without waiting, and removes its bundles and
     /// their Dock tiles. Errors are ignored.
@@ -56,7 +55,7 @@ public:
     /// Removes the bundles of all folders but those given. Errors are ignored.
     void removeOrphanProxies(const QSet<QUuid> &folderIDs);
     /// Removes the proxies of these folders, then whatever else is in the proxy directory, then the
-    /// directory. Errors are ignored.
+    /// directory, unless something had to stay in it. Errors are ignored.
     void removeEverything(const QList<QUuid> &folderIDs);
 
     /// Lets long operations begin, if they were to wait for it.
@@ -67,6 +66,15 @@ Q_SIGNALS:
     void launchFailed(const QString &description);
 
 private:
+    struct Build {
+        FileURL templateApp{};
+        DockFolder folder{};
+    };
+    /// How every build begins: finds the template and quits the running copies. Nothing when the
+    /// folder goes meanwhile, or this object. Throws CompanionError.
+    QCoro::Task<std::optional<Build>> prepare(QUuid folderID);
+    /// Quits the running copies of a folder's proxy, by force those that have not gone after 5 s.
+    QCoro::Task<> terminateRunningProxies(QUuid folderID);
     void launchProxy(const FileURL &proxy, Activation activation);
     void unregisterAndRemove(const FileURL &proxy);
     void removeIfOccupied(const FileURL &url);

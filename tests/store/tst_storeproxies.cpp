@@ -43,6 +43,8 @@ private Q_SLOTS:
     void theAppStoreFolderNeverGetsADockApp();
     void aFolderRenamedWhileItsCopiesQuitIsInstalledUnderTheNewName();
     void deletingAFolderRemovesItsProxyTilesAndCopies();
+    void theAppStoreFoldersDockAppIsNobodysToRemove_data();
+    void theAppStoreFoldersDockAppIsNobodysToRemove();
     void resetRemovesEverything();
     void aProxyDirectoryThatIsAFileIsAnErrorToShow();
 
@@ -442,6 +444,37 @@ void StoreProxiesTest::deletingAFolderRemovesItsProxyTilesAndCopies()
     QCOMPARE(m_fixture->dockDefaults.array(QStringLiteral("persistent-apps")), QVariantList{other});
     QCOMPARE(namesOf(store().folders()), QStringList{QStringLiteral("Other")});
     QCOMPARE(namesOf(m_fixture->savedLibrary()->folders), QStringList{QStringLiteral("Other")});
+void StoreProxiesTest::theAppStoreFoldersDockAppIsNobodysToRemove_data()
+{
+    QTest::addColumn<bool>("isInLibrary");
+    QTest::newRow("its folder in the library") << true;
+    QTest::newRow("its folder not in the library") << false;
+}
+
+void StoreProxiesTest::theAppStoreFoldersDockAppIsNobodysToRemove()
+{
+    QFETCH(bool, isInLibrary);
+    const DockFolder nestlets{.id = appStoreFolderID(), .name = QStringLiteral("Nestlet")};
+    const FileURL bundle = m_fixture->installProxyBundle(nestlets);
+    const FileURL orphan
+        = m_fixture->installProxyBundle(folderNamed(QStringLiteral("Gone from the library")));
+    const QVariantList tiles{tileFor(bundle)};
+    m_fixture->dockDefaults.values.insert(QStringLiteral("persistent-apps"), tiles);
+    m_fixture->applications.launch(proxyBundleIdentifier(nestlets.id));
+    const DockFolder work = folderNamed(QStringLiteral("Work"));
+    startWith(isInLibrary ? QList{work, nestlets} : QList{work});
+    QVERIFY(!m_fixture->files.exists(orphan)); // there was a sweep
+    QVERIFY(m_fixture->files.exists(bundle));
+    store().deleteFolder(nestlets.id);
+    QVERIFY(m_fixture->files.exists(bundle));
+    install(work);
+    store().resetEverything();
+    QVERIFY(m_fixture->files.exists(bundle));
+    QVERIFY(!m_fixture->files.exists(proxyNamed(QStringLiteral("Work.app"))));
+    QVERIFY(m_fixture->applications.terminated.isEmpty());
+    QCOMPARE(m_fixture->dockDefaults.array(QStringLiteral("persistent-apps")), tiles);
+}
+
 }
 
 void StoreProxiesTest::resetRemovesEverything()
