@@ -37,14 +37,14 @@ QList<FileURL> ProxyDirectory::installedProxyURLs(const QUuid &folderID) const
     return urls;
 }
 
-QSet<QUuid> ProxyDirectory::installedFolderIDs() const
+QHash<QUuid, QList<FileURL>> ProxyDirectory::installedProxies() const
 {
-    QSet<QUuid> ids;
+    QHash<QUuid, QList<FileURL>> proxies;
     for (const KnownBundle &bundle : look()) {
         if (bundle.entry.folderID)
-            ids.insert(*bundle.entry.folderID);
+            proxies[*bundle.entry.folderID].append(bundle.entry.url);
     }
-    return ids;
+    return proxies;
 }
 
 FileURL ProxyDirectory::proxyAppURL(const DockFolder &folder) const

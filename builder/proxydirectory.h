@@ -3,7 +3,7 @@
 #include "model/dockfolder.h"
 #include "platform/filesystem.h"
 
-#include <QSet>
+#include <QHash>
 
 class Directories;
 
@@ -25,8 +25,8 @@ public:
     [[nodiscard]] QList<Entry> entries() const;
     /// The bundles of one folder, in listing order.
     [[nodiscard]] QList<FileURL> installedProxyURLs(const QUuid &folderID) const;
-    /// The folders that have at least one bundle.
-    [[nodiscard]] QSet<QUuid> installedFolderIDs() const;
+    /// The bundles of every folder that has one.
+    [[nodiscard]] QHash<QUuid, QList<FileURL>> installedProxies() const;
     /// Where the folder's Dock app is to be made: under its name, or under its name and the
     /// beginning of its id when a Dock app of another folder has that name.
     [[nodiscard]] FileURL proxyAppURL(const DockFolder &folder) const;

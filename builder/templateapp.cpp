@@ -12,8 +12,6 @@
 #include <QCoreApplication>
 #include <QSet>
 
-#include <algorithm>
-
 namespace {
 
 const QString nestletFileName = QStringLiteral("Nestlet.app");

@@ -36,7 +36,6 @@ public:
     [[nodiscard]] QString missingLocationsText() const;
     /// The first candidate at whose path something is; verifies nothing.
     [[nodiscard]] std::optional<FileURL> installedNestletURL() const;
-    [[nodiscard]] bool isNestletInstalled() const { return installedNestletURL().has_value(); }
 
 private:
     [[nodiscard]] FileURL siblingURL() const;

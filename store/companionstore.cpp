@@ -11,8 +11,6 @@
 #include "platform/text.h"
 #include "store/proxylifecycle.h"
 
-#include <QPointer>
-
 #include <algorithm>
 
 using namespace std::chrono_literals;
@@ -82,7 +80,7 @@ bool CompanionStore::isLocked(const QUuid &id) const
 bool CompanionStore::isInstalled(const QUuid &id) const
 {
     requireMainThread();
-    return m_installedFolderIDs.contains(id);
+    return m_installedProxies.contains(id);
 }
 
 bool CompanionStore::isInstalling(const QUuid &id) const
@@ -193,7 +191,7 @@ void CompanionStore::applicationBecameActive()
 void CompanionStore::refreshPresence()
 {
     requireMainThread();
-    m_installedFolderIDs = m_.proxyDirectory.installedFolderIDs();
+    m_installedProxies = m_.proxyDirectory.installedProxies();
     m_nestletURL = m_.templateApp.installedNestletURL();
     Q_EMIT presenceChanged();
 }

@@ -2,10 +2,10 @@
 
 #include "model/dockfolder.h"
 #include "platform/platform.h"
-#include "store/eventturns.h"
 #include "system/updateinfo.h"
 
 #include <QCoroTask>
+#include <QHash>
 #include <QObject>
 #include <QSet>
 
@@ -27,8 +27,6 @@ class Timer;
 /// is one `foldersChanged` and one save. Main thread only, and fatal elsewhere.
 class CompanionStore final : public QObject {
     Q_OBJECT
-    Q_PROPERTY(QString errorMessage READ errorMessage NOTIFY errorMessageChanged)
-    Q_PROPERTY(bool isNestletInstalled READ isNestletInstalled NOTIFY presenceChanged)
 
 public:
     /// Borrowed; they outlive the store.
@@ -176,7 +174,7 @@ private:
     QSet<QUuid> m_postponedProxyUpdateIDs; ///< asked for during an install
     QSet<QUuid> m_installingFolderIDs;
     std::optional<InstallProgress> m_installAllProgress;
-    QSet<QUuid> m_installedFolderIDs;
+    QHash<QUuid, QList<FileURL>> m_installedProxies; ///< by folder, when last looked
     std::optional<FileURL> m_nestletURL;
 };
 

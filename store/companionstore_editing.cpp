@@ -2,7 +2,6 @@
 
 #include "store/companionstore.h"
 
-#include "builder/proxydirectory.h"
 #include "model/libraryfile.h"
 #include "model/newitem.h"
 #include "platform/bookmarks.h"
@@ -25,7 +24,6 @@ std::optional<qsizetype> CompanionStore::editableIndex(const QUuid &id) const
 
 bool CompanionStore::editFolder(const QUuid &id, const std::function<void(DockFolder &)> &change)
 {
-    requireMainThread();
     const std::optional<qsizetype> index = editableIndex(id);
     if (!index)
         return false;

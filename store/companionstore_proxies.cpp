@@ -3,13 +3,11 @@
 #include "store/companionstore.h"
 
 #include "builder/proxydirectory.h"
-#include "builder/templateapp.h"
 #include "platform/error.h"
 #include "platform/mainthread.h"
 #include "platform/workspace.h"
 #include "store/proxylifecycle.h"
 
-#include <QHash>
 #include <QPointer>
 
 bool CompanionStore::canInstall(const QUuid &id) const
@@ -119,15 +117,10 @@ QCoro::Task<> CompanionStore::rebuildProxies(QUuid id, QList<FileURL> proxies)
 
 void CompanionStore::refreshInstalledProxies()
 {
-    if (!m_.templateApp.isNestletInstalled())
+    if (!m_nestletURL)
         return;
-    QHash<QUuid, QList<FileURL>> installed; // by one look at the directory for all folders
-    for (const ProxyDirectory::Entry &entry : m_.proxyDirectory.entries()) {
-        if (entry.folderID)
-            installed[*entry.folderID].append(entry.url);
-    }
     for (const DockFolder &folder : std::as_const(m_folders))
-        startRebuild(folder.id, installed.value(folder.id));
+        startRebuild(folder.id, m_installedProxies.value(folder.id)); // as the load found them
 }
 
 void CompanionStore::openNestlet()

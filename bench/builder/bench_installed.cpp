@@ -105,13 +105,13 @@ int main(int argc, char **argv)
     const InstalledProxies proxies;
     std::optional<ProxyDirectory> fresh;
     const ProxyDirectory known = proxies.newDirectory();
-    require(known.installedFolderIDs().size() == folderCount);
+    require(known.installedProxies().size() == folderCount);
 
     Ratios ratios;
     ratios.add({
         .name = "Which of 500 folders are installed, first sweep",
         .ours = {.name = "one sweep",
-                 .run = [&] { require(fresh->installedFolderIDs().size() == folderCount); },
+                 .run = [&] { require(fresh->installedProxies().size() == folderCount); },
                  .prepare = [&] { fresh.emplace(proxies.newDirectory()); }},
         .references
         = {{.variant = {.name = "a listing, 500 reads per folder (a tenth of them)",
@@ -128,7 +128,7 @@ int main(int argc, char **argv)
     ratios.add({
         .name = "Which of 500 folders are installed, again when nothing changed",
         .ours = {.name = "one sweep",
-                 .run = [&] { require(known.installedFolderIDs().size() == folderCount); }},
+                 .run = [&] { require(known.installedProxies().size() == folderCount); }},
         .references = {{.variant = {.name = "one stat each",
                                     .run = [&] { statEach(proxies.infoPlistPaths()); }},
                         .timesLonger = 2},

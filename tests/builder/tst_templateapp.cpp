@@ -216,26 +216,26 @@ void TemplateAppTest::isInstalledWhereverSomethingIs()
 {
     QFETCH(QString, path);
     know(m_directories->at(QStringLiteral("/Volumes/X/Other.app/")));
-    QVERIFY(!m_app->isNestletInstalled());
+    QCOMPARE(m_app->installedNestletURL(), std::nullopt);
     m_files.createDirectories(m_directories->at(path)); // an empty directory will do
-    QVERIFY(m_app->isNestletInstalled());
+    QCOMPARE(m_app->installedNestletURL(), m_directories->at(path));
     QVERIFY(m_processes->calls.isEmpty());
 }
 
 void TemplateAppTest::asksTheWorkspaceOnlyWhenNothingElseIsThere()
 {
     m_files.createDirectories(usersApplications());
-    QVERIFY(m_app->isNestletInstalled());
+    QCOMPARE(m_app->installedNestletURL(), usersApplications());
     QCOMPARE(m_workspace->lookups, 0);
     m_files.remove(usersApplications());
-    QVERIFY(!m_app->isNestletInstalled());
+    QCOMPARE(m_app->installedNestletURL(), std::nullopt);
     QCOMPARE(m_workspace->lookups, 1);
 }
 
 void TemplateAppTest::isNotInstalledWhereTheWorkspaceIsMistaken()
 {
     know(m_directories->at(QStringLiteral("/gone/Nestlet.app/")));
-    QVERIFY(!m_app->isNestletInstalled());
+    QCOMPARE(m_app->installedNestletURL(), std::nullopt);
 }
 
 void TemplateAppTest::runsTheToolTwiceForAGenuineApp()

@@ -21,6 +21,7 @@ private Q_SLOTS:
     void cleanup() { m_fixture.reset(); }
 
     void addedFoldersAreNumberedByTheCount();
+    void theFirstOfAnEmptyListIsNumberOne();
     void aNameThatExistsIsGivenAgain();
     void everyEditIsOneChangeAndOneSave_data();
     void everyEditIsOneChangeAndOneSave();
@@ -78,6 +79,15 @@ void StoreEditingTest::addedFoldersAreNumberedByTheCount()
     QCOMPARE(store().folders().last(), third);
     QCOMPARE(third, (DockFolder{.id = third.id, .name = third.name}));
     QVERIFY(second.id != third.id);
+}
+
+void StoreEditingTest::theFirstOfAnEmptyListIsNumberOne()
+{
+    QVERIFY(store().folders().isEmpty()); // as long as nothing was loaded
+    const DockFolder folder = store().addFolder();
+    QCOMPARE(folder.name, QStringLiteral("Dock Folder 1"));
+    QCOMPARE(store().folders(), QList{folder});
+    QCOMPARE(m_fixture->savedLibrary()->folders, QList{folder});
 }
 
 void StoreEditingTest::aNameThatExistsIsGivenAgain()

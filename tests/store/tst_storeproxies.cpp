@@ -37,14 +37,16 @@ private Q_SLOTS:
     void aFailedRebuildIsOnlyLogged();
     void startRebuildsEveryInstalledProxy();
     void startLooksAtTheProxyDirectoryNoMoreOftenForMoreFolders();
+    void startAsksForNestletOnce();
+    void eventsAreHandledBetweenTwoRebuilds();
     void startWithoutNestletRebuildsNothing();
     void addAllInstallsEveryUnlockedFolder();
     void addAllGivesFoldersOfOneNameABundleEach();
     void theAppStoreFolderNeverGetsADockApp();
-    void aFolderRenamedWhileItsCopiesQuitIsInstalledUnderTheNewName();
-    void deletingAFolderRemovesItsProxyTilesAndCopies();
     void theAppStoreFoldersDockAppIsNobodysToRemove_data();
     void theAppStoreFoldersDockAppIsNobodysToRemove();
+    void aFolderRenamedWhileItsCopiesQuitIsInstalledUnderTheNewName();
+    void deletingAFolderRemovesItsProxyTilesAndCopies();
     void resetRemovesEverything();
     void aProxyDirectoryThatIsAFileIsAnErrorToShow();
 
@@ -352,7 +354,39 @@ void StoreProxiesTest::startLooksAtTheProxyDirectoryNoMoreOftenForMoreFolders()
         m_fixture->finishEverything(); // the rebuilds, which look by themselves
         return count;
     };
-    QCOMPARE(listings(40), listings(2));
+    QCOMPARE(listings(2), 2); // for what has no folder any more, and for what is left
+    QCOMPARE(listings(40), 2);
+}
+
+void StoreProxiesTest::startAsksForNestletOnce()
+{
+    m_fixture->files.files.remove(m_fixture->nestletURL()); // so that the workspace is asked
+    m_fixture->writeLibrary({folderNamed(QStringLiteral("Work"))});
+    store().start();
+    QCOMPARE(m_fixture->workspace.lookups, 1);
+}
+
+void StoreProxiesTest::eventsAreHandledBetweenTwoRebuilds()
+{
+    const DockFolder one = folderNamed(QStringLiteral("One"));
+    const DockFolder two = folderNamed(QStringLiteral("Two"));
+    m_fixture->writeLibrary({one, two});
+    m_fixture->installProxyBundle(one);
+    m_fixture->installProxyBundle(two);
+    QStringList log;
+    m_fixture->files.onCall = [&](const FakeFileSystem::Call &call) {
+        if (call.operation != Operation::Copy)
+            return;
+        log.append(call.path.section(u'/', -1));
+        // What a user's input is to the loop: it comes while a rebuild blocks the thread.
+        QMetaObject::invokeMethod(
+            this, [&] { log.append(QStringLiteral("input")); }, Qt::QueuedConnection);
+    };
+    store().start();
+    m_fixture->finishEverything();
+    QCOMPARE(log,
+             QStringList({QStringLiteral("One.app"), QStringLiteral("input"),
+                          QStringLiteral("Two.app"), QStringLiteral("input")}));
 }
 
 void StoreProxiesTest::startWithoutNestletRebuildsNothing()
@@ -410,6 +444,37 @@ void StoreProxiesTest::theAppStoreFolderNeverGetsADockApp()
     QVERIFY(m_fixture->workspace.opened.isEmpty());
 }
 
+void StoreProxiesTest::theAppStoreFoldersDockAppIsNobodysToRemove_data()
+{
+    QTest::addColumn<bool>("isInLibrary");
+    QTest::newRow("its folder in the library") << true;
+    QTest::newRow("its folder not in the library") << false;
+}
+
+void StoreProxiesTest::theAppStoreFoldersDockAppIsNobodysToRemove()
+{
+    QFETCH(bool, isInLibrary);
+    const DockFolder nestlets{.id = appStoreFolderID(), .name = QStringLiteral("Nestlet")};
+    const FileURL bundle = m_fixture->installProxyBundle(nestlets);
+    const FileURL orphan
+        = m_fixture->installProxyBundle(folderNamed(QStringLiteral("Gone from the library")));
+    const QVariantList tiles{tileFor(bundle)};
+    m_fixture->dockDefaults.values.insert(QStringLiteral("persistent-apps"), tiles);
+    m_fixture->applications.launch(proxyBundleIdentifier(nestlets.id));
+    const DockFolder work = folderNamed(QStringLiteral("Work"));
+    startWith(isInLibrary ? QList{work, nestlets} : QList{work});
+    QVERIFY(!m_fixture->files.exists(orphan)); // there was a sweep
+    QVERIFY(m_fixture->files.exists(bundle));
+    store().deleteFolder(nestlets.id);
+    QVERIFY(m_fixture->files.exists(bundle));
+    install(work);
+    store().resetEverything();
+    QVERIFY(m_fixture->files.exists(bundle));
+    QVERIFY(!m_fixture->files.exists(proxyNamed(QStringLiteral("Work.app"))));
+    QVERIFY(m_fixture->applications.terminated.isEmpty());
+    QCOMPARE(m_fixture->dockDefaults.array(QStringLiteral("persistent-apps")), tiles);
+}
+
 void StoreProxiesTest::aFolderRenamedWhileItsCopiesQuitIsInstalledUnderTheNewName()
 {
     startWith({folderNamed(QStringLiteral("Old"))});
@@ -444,37 +509,6 @@ void StoreProxiesTest::deletingAFolderRemovesItsProxyTilesAndCopies()
     QCOMPARE(m_fixture->dockDefaults.array(QStringLiteral("persistent-apps")), QVariantList{other});
     QCOMPARE(namesOf(store().folders()), QStringList{QStringLiteral("Other")});
     QCOMPARE(namesOf(m_fixture->savedLibrary()->folders), QStringList{QStringLiteral("Other")});
-void StoreProxiesTest::theAppStoreFoldersDockAppIsNobodysToRemove_data()
-{
-    QTest::addColumn<bool>("isInLibrary");
-    QTest::newRow("its folder in the library") << true;
-    QTest::newRow("its folder not in the library") << false;
-}
-
-void StoreProxiesTest::theAppStoreFoldersDockAppIsNobodysToRemove()
-{
-    QFETCH(bool, isInLibrary);
-    const DockFolder nestlets{.id = appStoreFolderID(), .name = QStringLiteral("Nestlet")};
-    const FileURL bundle = m_fixture->installProxyBundle(nestlets);
-    const FileURL orphan
-        = m_fixture->installProxyBundle(folderNamed(QStringLiteral("Gone from the library")));
-    const QVariantList tiles{tileFor(bundle)};
-    m_fixture->dockDefaults.values.insert(QStringLiteral("persistent-apps"), tiles);
-    m_fixture->applications.launch(proxyBundleIdentifier(nestlets.id));
-    const DockFolder work = folderNamed(QStringLiteral("Work"));
-    startWith(isInLibrary ? QList{work, nestlets} : QList{work});
-    QVERIFY(!m_fixture->files.exists(orphan)); // there was a sweep
-    QVERIFY(m_fixture->files.exists(bundle));
-    store().deleteFolder(nestlets.id);
-    QVERIFY(m_fixture->files.exists(bundle));
-    install(work);
-    store().resetEverything();
-    QVERIFY(m_fixture->files.exists(bundle));
-    QVERIFY(!m_fixture->files.exists(proxyNamed(QStringLiteral("Work.app"))));
-    QVERIFY(m_fixture->applications.terminated.isEmpty());
-    QCOMPARE(m_fixture->dockDefaults.array(QStringLiteral("persistent-apps")), tiles);
-}
-
 }
 
 void StoreProxiesTest::resetRemovesEverything()
