@@ -4,20 +4,6 @@
 #include "builder/infoplist.h"
 #include "platform/filesystem.h"
 
-#include <QFileInfo>
-
-namespace {
-
-// The bundle itself where the user keeps a link to it: a copied link would have the template
-// rewritten through it.
-FileURL withLinksFollowed(const FileURL &bundle)
-{
-    const QString path = QFileInfo(bundle.path()).canonicalFilePath();
-    return path.isEmpty() ? bundle : FileURL::directory(path);
-}
-
-} // namespace
-
 ProxyBuilder::ProxyBuilder(const FileSystem &files, const CodeSign &codeSign)
     : m_files(files)
     , m_codeSign(codeSign)
@@ -27,7 +13,9 @@ ProxyBuilder::ProxyBuilder(const FileSystem &files, const CodeSign &codeSign)
 void ProxyBuilder::buildProxy(const FileURL &templateApp, const FileURL &proxy,
                               const DockFolder &folder) const
 {
-    m_files.copy(withLinksFollowed(templateApp), proxy);
+    // The bundle itself where the user keeps a link to it: a copied link would have the template
+    // rewritten through it.
+    m_files.copy(m_files.resolved(templateApp), proxy);
     rewriteInfoPlist(proxy, templateApp, folder, m_files);
     stripSignatureArtifacts(proxy);
     m_codeSign.adHocSign(proxy);

@@ -10,7 +10,7 @@ DockFolderItem::Kind kindOf(const FileURL &url, const FileSystem &files)
 {
     if (url.pathExtension().toLower() == u"app")
         return DockFolderItem::Kind::application;
-    return files.isDirectory(url) ? DockFolderItem::Kind::folder : DockFolderItem::Kind::file;
+    return files.isDirectoryItself(url) ? DockFolderItem::Kind::folder : DockFolderItem::Kind::file;
 }
 
 } // namespace

@@ -35,7 +35,12 @@ public:
     [[nodiscard]] virtual bool exists(const FileURL &url) const = 0;
     /// Whether something is at the path, be it a link that leads nowhere.
     [[nodiscard]] virtual bool isOccupied(const FileURL &url) const = 0;
+    /// Whether a directory is at the path; the target counts when it is a link.
     [[nodiscard]] virtual bool isDirectory(const FileURL &url) const = 0;
+    /// Whether a directory is at the path itself: a link to one is none.
+    [[nodiscard]] virtual bool isDirectoryItself(const FileURL &url) const = 0;
+    /// What is there once every link on the way is followed; the URL as it is when nothing is.
+    [[nodiscard]] virtual FileURL resolved(const FileURL &url) const = 0;
     /// The entries of one directory, hidden ones included, in the order in which the system lists
     /// them; directories (not links to them) as directory URLs.
     [[nodiscard]] virtual QList<FileURL> contents(const FileURL &directory) const = 0;

@@ -15,6 +15,8 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
+#include <memory>
 
 namespace {
 
@@ -96,6 +98,26 @@ bool PosixFileSystem::isOccupied(const FileURL &url) const
     const QByteArray path = pathOf(url);
     struct stat status { };
     return !path.isEmpty() && ::lstat(path.constData(), &status) == 0;
+}
+
+bool PosixFileSystem::isDirectoryItself(const FileURL &url) const
+{
+    const QByteArray path = pathOf(url);
+    struct stat status { };
+    return !path.isEmpty() && ::lstat(path.constData(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+FileURL PosixFileSystem::resolved(const FileURL &url) const
+{
+    const QByteArray path = pathOf(url);
+    const std::unique_ptr<char, decltype(&std::free)> found(
+        path.isEmpty() ? nullptr : ::realpath(path.constData(), nullptr), &std::free);
+    if (!found)
+        return url;
+    // From the root down, because the bytes need not be text.
+    const FileURL root = FileURL::directory(QStringLiteral("/"));
+    const QByteArrayView below = QByteArrayView(found.get()).sliced(1);
+    return below.isEmpty() ? root : root.appendingNative(below, isDirectory(url));
 }
 
 bool PosixFileSystem::isDirectory(const FileURL &url) const

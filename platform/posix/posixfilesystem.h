@@ -12,6 +12,8 @@ public:
     [[nodiscard]] bool exists(const FileURL &url) const override;
     [[nodiscard]] bool isOccupied(const FileURL &url) const override;
     [[nodiscard]] bool isDirectory(const FileURL &url) const override;
+    [[nodiscard]] bool isDirectoryItself(const FileURL &url) const override;
+    [[nodiscard]] FileURL resolved(const FileURL &url) const override;
     [[nodiscard]] QList<FileURL> contents(const FileURL &directory) const override;
     [[nodiscard]] QList<DirectoryEntry> visibleEntries(const FileURL &directory) const override;
     [[nodiscard]] std::optional<FileIdentity> identity(const FileURL &url) const override;

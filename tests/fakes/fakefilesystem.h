@@ -13,6 +13,8 @@ struct FakeFileSystem final : FileSystem {
         Exists,
         IsOccupied,
         IsDirectory,
+        IsDirectoryItself,
+        Resolved,
         Contents,
         VisibleEntries,
         Identity,
@@ -65,6 +67,16 @@ struct FakeFileSystem final : FileSystem {
     {
         note(Operation::IsDirectory, url);
         return files.isDirectory(url);
+    }
+    [[nodiscard]] bool isDirectoryItself(const FileURL &url) const override
+    {
+        note(Operation::IsDirectoryItself, url);
+        return files.isDirectoryItself(url);
+    }
+    [[nodiscard]] FileURL resolved(const FileURL &url) const override
+    {
+        note(Operation::Resolved, url);
+        return files.resolved(url);
     }
     [[nodiscard]] QList<FileURL> contents(const FileURL &directory) const override
     {

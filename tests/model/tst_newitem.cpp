@@ -16,6 +16,7 @@ private Q_SLOTS:
     void anApplicationIsKnownByItsNameAlone_data();
     void anApplicationIsKnownByItsNameAlone();
     void aDirectoryIsAFolder();
+    void aLinkToADirectoryIsAFile();
     void aLinkThatLeadsNowhereIsAFile();
     void aMissingPathIsAFile();
     void keepsTheURLAsItIs();
@@ -64,6 +65,16 @@ void NewItemTest::aDirectoryIsAFolder()
     const DockFolderItem item = itemAt(root.path() + QStringLiteral("/Work.d"));
     QCOMPARE(item.kind, Kind::folder);
     QCOMPARE(item.name, QStringLiteral("Work"));
+}
+
+void NewItemTest::aLinkToADirectoryIsAFile()
+{
+    const QTemporaryDir root;
+    const QString link = root.path() + QStringLiteral("/link");
+    QVERIFY(QFile::link(root.path(), link));
+    QCOMPARE(itemAt(link).kind, Kind::file);
+    // A slash behind the link asks for what it leads to in some calls; the question is the link's.
+    QCOMPARE(itemFromURL(FileURL::directory(link), m_files, m_bookmarks).kind, Kind::file);
 }
 
 void NewItemTest::aLinkThatLeadsNowhereIsAFile()

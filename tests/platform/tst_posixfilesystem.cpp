@@ -97,6 +97,7 @@ private Q_SLOTS:
     void cleanup();
 
     void tellsWhatIsThere();
+    void followsLinksToWhatIsThere();
     void listsHiddenNamesToo();
     void listsOnlyVisibleEntries();
     void listingNamesTheReason();
@@ -192,6 +193,28 @@ void PosixFileSystemTest::tellsWhatIsThere()
     QVERIFY(m_files.isDirectory(at(QStringLiteral("directory"))));
     QVERIFY(m_files.isDirectory(at(QStringLiteral("link to directory"))));
     QVERIFY(!m_files.isDirectory(at(QStringLiteral("file"))));
+    QVERIFY(m_files.isDirectoryItself(at(QStringLiteral("directory"))));
+    QVERIFY(!m_files.isDirectoryItself(at(QStringLiteral("link to directory"))));
+    QVERIFY(!m_files.isDirectoryItself(at(QStringLiteral("link to directory/"))));
+    QVERIFY(!m_files.isDirectoryItself(at(QStringLiteral("file"))));
+    QVERIFY(!m_files.isDirectoryItself(at(QStringLiteral("nowhere"))));
+}
+
+void PosixFileSystemTest::followsLinksToWhatIsThere()
+{
+    const FileURL root = m_files.resolved(m_root); // where tests keep their files may be a link
+    const FileURL directory = root.appendingNative("bad \xff", true);
+    m_files.createDirectories(directory);
+    m_files.writeAtomically(directory.appendingFile(QStringLiteral("file")), "x");
+    QVERIFY(makeLink("bad \xff", at(QStringLiteral("first"))));
+    QVERIFY(makeLink("first", at(QStringLiteral("second"))));
+    QVERIFY(makeLink("nowhere", at(QStringLiteral("dangling"))));
+    QCOMPARE(m_files.resolved(at(QStringLiteral("second"))), directory);
+    QCOMPARE(m_files.resolved(at(QStringLiteral("second/file"))),
+             directory.appendingFile(QStringLiteral("file")));
+    QCOMPARE(m_files.resolved(at(QStringLiteral("dangling"))), at(QStringLiteral("dangling")));
+    const FileURL top = FileURL::directory(QStringLiteral("/"));
+    QCOMPARE(m_files.resolved(top), top);
 }
 
 void PosixFileSystemTest::listsHiddenNamesToo()
@@ -287,6 +310,8 @@ void PosixFileSystemTest::urlsThatNameNoFileAreErrors()
         QVERIFY(!m_files.exists(url));
         QVERIFY(!m_files.isOccupied(url));
         QVERIFY(!m_files.isDirectory(url));
+        QVERIFY(!m_files.isDirectoryItself(url));
+        QCOMPARE(m_files.resolved(url), url);
         QVERIFY(!m_files.identity(url));
         QVERIFY(!refusal([&] { static_cast<void>(m_files.contents(url)); }).isEmpty());
         QVERIFY(!refusal([&] { m_files.writeAtomically(url, "x"); }).isEmpty());
