@@ -12,11 +12,10 @@ namespace {
 const QString bundleIdentifierKey = QStringLiteral("CFBundleIdentifier");
 const QString folderIDKey = QStringLiteral("DockFolderID");
 
-// Nothing when the bytes are no property list, or one that is no dictionary.
-std::optional<QVariantMap> dictionaryFrom(const QByteArray &infoPlist, const FileURL &url)
+// Nothing when the property list is no dictionary. Throws PlatformError when there is none.
+std::optional<QVariantMap> readDictionary(const FileURL &url, const FileSystem &files)
 {
-    QVariant value;
-    ignoringErrors([&] { value = parsePropertyList(infoPlist, url.path()); });
+    const QVariant value = parsePropertyList(files.read(url), url.path());
     if (value.typeId() != QMetaType::QVariantMap)
         return std::nullopt;
     return value.toMap();
@@ -24,9 +23,8 @@ std::optional<QVariantMap> dictionaryFrom(const QByteArray &infoPlist, const Fil
 
 std::optional<QVariantMap> readableInfoPlist(const FileURL &bundle, const FileSystem &files)
 {
-    const FileURL url = infoPlistURL(bundle);
     std::optional<QVariantMap> dictionary;
-    ignoringErrors([&] { dictionary = dictionaryFrom(files.read(url), url); });
+    ignoringErrors([&] { dictionary = readDictionary(infoPlistURL(bundle), files); });
     return dictionary;
 }
 
@@ -115,7 +113,7 @@ void rewriteInfoPlist(const FileURL &proxy, const FileURL &templateApp, const Do
                       const FileSystem &files)
 {
     const FileURL url = infoPlistURL(proxy);
-    auto info = dictionaryFrom(files.read(url), url);
+    auto info = readDictionary(url, files);
     if (!info)
         throw CompanionError(CompanionError::Kind::invalidInfoPlist, url.path());
 

@@ -23,7 +23,8 @@ class FileSystem;
                                                  const FileSystem &files);
 
 /// Makes the Info.plist of a fresh copy of `templateApp` that of `folder`'s Dock app; keys that say
-/// nothing of the folder stay. Throws CompanionError when the file holds no dictionary, and
-/// PlatformError when it cannot be read or written.
+/// nothing of the folder stay. Throws CompanionError when the property list in the file is no
+/// dictionary, and PlatformError, which says why, when the file cannot be read, holds no property
+/// list or cannot be written.
 void rewriteInfoPlist(const FileURL &proxy, const FileURL &templateApp, const DockFolder &folder,
                       const FileSystem &files);

@@ -72,6 +72,8 @@ private Q_SLOTS:
     void refusesAnInfoPlistThatIsNoDictionary_data();
     void refusesAnInfoPlistThatIsNoDictionary();
     void passesOnWhyAnInfoPlistCannotBeRead();
+    void passesOnWhyAnInfoPlistCannotBeParsed_data();
+    void passesOnWhyAnInfoPlistCannotBeParsed();
     void passesOnWhyAnInfoPlistCannotBeWritten();
 
 private:
@@ -398,9 +400,6 @@ void InfoPlistTest::refusesAnInfoPlistThatIsNoDictionary_data()
     QTest::newRow("a list") << xml("<array/>");
     QTest::newRow("a text") << xml("<string>x</string>");
     QTest::newRow("a binary list") << binary(QVariantList{true});
-    QTest::newRow("no property list") << QByteArray("hello");
-    QTest::newRow("nothing") << QByteArray();
-    QTest::newRow("cut off") << xml("<dict><key>CFBundleName</key>").chopped(20);
 }
 
 void InfoPlistTest::refusesAnInfoPlistThatIsNoDictionary()
@@ -421,6 +420,29 @@ void InfoPlistTest::passesOnWhyAnInfoPlistCannotBeRead()
 {
     QVERIFY_THROWS_EXCEPTION(PlatformError,
                              rewriteInfoPlist(m_proxy, m_template, {.id = folderID}, m_files));
+}
+
+void InfoPlistTest::passesOnWhyAnInfoPlistCannotBeParsed_data()
+{
+    QTest::addColumn<QByteArray>("infoPlist");
+    QTest::newRow("no property list") << QByteArray("hello");
+    QTest::newRow("nothing") << QByteArray();
+    QTest::newRow("cut off") << xml("<dict><key>CFBundleName</key>").chopped(20);
+    QTest::newRow("cut off, binary") << binary(QVariantMap()).chopped(4);
+}
+
+void InfoPlistTest::passesOnWhyAnInfoPlistCannotBeParsed()
+{
+    QFETCH(QByteArray, infoPlist);
+    writeInfoPlistBytes(m_proxy, infoPlist, m_files);
+    try {
+        rewriteInfoPlist(m_proxy, m_template, {.id = folderID}, m_files);
+        QFAIL("was accepted");
+    } catch (const PlatformError &error) {
+        QVERIFY2(error.description().contains(infoPlistURL(m_proxy).path()),
+                 qPrintable(error.description()));
+    }
+    QCOMPARE(m_files.read(infoPlistURL(m_proxy)), infoPlist);
 }
 
 void InfoPlistTest::passesOnWhyAnInfoPlistCannotBeWritten()
