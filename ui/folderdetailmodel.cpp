@@ -1,6 +1,7 @@
 #include "ui/folderdetailmodel.h"
 
 #include "model/uuidtext.h"
+#include "platform/qt/qtclock.h"
 #include "store/companionstore.h"
 #include "ui/folderpreview.h"
 #include "ui/picturestore.h"
@@ -20,7 +21,8 @@ FolderDetailModel::FolderDetailModel(CompanionStore &store, PictureStore &pictur
     , m_store(store)
     , m_pictures(pictures)
     , m_iconImages(store)
-    , m_colorChanges(storedColorInterval)
+    , m_clock(std::make_unique<QtClock>())
+    , m_colorChanges(*m_clock, storedColorInterval)
 {
     connect(&store, &CompanionStore::foldersChanged, this, &FolderDetailModel::update);
     connect(&store, &CompanionStore::presenceChanged, this, &FolderDetailModel::update);

@@ -94,5 +94,6 @@ private:
     ItemListModel m_items;
     IconImageLoader m_iconImages;
     std::optional<QString> m_chosenColor; ///< counts while a change waits
+    std::unique_ptr<Clock> m_clock;
     Throttle m_colorChanges;
 };

@@ -2,23 +2,19 @@
 
 #include <utility>
 
-Throttle::Throttle(std::chrono::milliseconds interval)
+Throttle::Throttle(Clock &clock, std::chrono::milliseconds interval)
+    : m_interval(interval)
+    , m_timer(clock.makeTimer([this] {
+        m_isHoldingBack = false;
+        carryOut();
+    }))
 {
-    m_timer.setInterval(interval);
-    m_timer.setSingleShot(true);
-    QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { carryOut(); });
 }
 
 void Throttle::submit(const std::function<void()> &action)
 {
     m_waiting = action;
-    if (!m_timer.isActive())
-        carryOut();
-}
-
-void Throttle::flush()
-{
-    if (m_waiting)
+    if (!m_isHoldingBack)
         carryOut();
 }
 
@@ -27,6 +23,7 @@ void Throttle::carryOut()
 {
     if (!m_waiting)
         return;
-    m_timer.start();
+    m_isHoldingBack = true;
+    m_timer->start(m_interval);
     std::exchange(m_waiting, {})();
 }
