@@ -1,38 +1,18 @@
 #include "ui/iconprovider.h"
 
 #include "platform/workspace.h"
-#include "ui/pictureresponse.h"
-
-#include <QQmlEngine>
 
 namespace {
 
 constexpr qsizetype cacheBytes = 32 * 1024 * 1024; // 2,600 icons of 56 pixels, 650 of 112
-constexpr int defaultSide = 64;
 
 } // namespace
 
-IconProvider *IconProvider::of(QQmlEngine *engine)
-{
-    return engine == nullptr ? nullptr
-                             : qobject_cast<IconProvider *>(engine->imageProvider(name()));
-}
-
-IconProvider::IconProvider(const Workspace &workspace)
-    : m_workspace(workspace)
+IconProvider::IconProvider(const Workspace &workspace, QObject *parent)
+    : QObject(parent)
+    , m_workspace(workspace)
     , m_loader(cacheBytes)
 {
-}
-
-QQuickImageResponse *IconProvider::requestImageResponse(const QString &id,
-                                                        const QSize &requestedSize)
-{
-    const int wanted = std::max(requestedSize.width(), requestedSize.height());
-    const PictureRequest request
-        = iconRequest(QString::fromUtf8(QByteArray::fromPercentEncoding(id.toLatin1())),
-                      wanted > 0 ? wanted : defaultSide);
-    return new PictureResponse(m_loader.pool(),
-                               [this, request] { return m_loader.cache().findOrMake(request); });
 }
 
 PictureRequest IconProvider::iconRequest(const QString &url, int side) const

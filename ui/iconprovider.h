@@ -4,26 +4,15 @@
 #include "ui/icongrid.h"
 #include "ui/pictureloader.h"
 
-#include <QQuickAsyncImageProvider>
-
-class QQmlEngine;
 class Workspace;
 
-/// "image://icon/" and the percent-encoded text of a file URL: the icon of a bundle, folder or
-/// file. And the way to icons for items of the window's own, which show what is remembered at once:
-/// they ask for requests here and give them to the loader.
-class IconProvider final : public QQuickAsyncImageProvider {
+/// The icons of bundles, folders and files, for the items that show them: they ask for requests
+/// here and give them to the loader.
+class IconProvider final : public QObject {
     Q_OBJECT
 
 public:
-    static QString name() { return QStringLiteral("icon"); }
-    /// The one of an engine; null when it has none.
-    [[nodiscard]] static IconProvider *of(QQmlEngine *engine);
-
-    explicit IconProvider(const Workspace &workspace);
-
-    QQuickImageResponse *requestImageResponse(const QString &id,
-                                              const QSize &requestedSize) override;
+    explicit IconProvider(const Workspace &workspace, QObject *parent = nullptr);
 
     [[nodiscard]] PictureLoader &loader() { return m_loader; }
     /// The icon of the file with that URL, `side` device pixels wide.

@@ -3,10 +3,17 @@
 #include "ui/iconprovider.h"
 #include "ui/pictureprovider.h"
 
-#include <QQmlEngine>
+// Generated with the QML module. Naming it keeps the module's types in the program.
+extern void qml_register_types_Nestlet_Companion(); // NOLINT(readability-identifier-naming)
+
+void addWindowTypes(QQmlEngine &engine)
+{
+    [[maybe_unused]] auto *const volatile uiTypes = &qml_register_types_Nestlet_Companion;
+    engine.addImportPath(QStringLiteral(":/qt/qml"));
+}
 
 void addImageProviders(QQmlEngine &engine, const Workspace &workspace, const PictureStore &pictures)
 {
-    engine.addImageProvider(IconProvider::name(), new IconProvider(workspace));
-    engine.addImageProvider(PictureProvider::name(), new PictureProvider(pictures));
+    new IconProvider(workspace, &engine);
+    new PictureProvider(pictures, &engine);
 }

@@ -1,10 +1,21 @@
 #pragma once
 
+#include <QQmlEngine>
+
 class PictureStore;
-class QQmlEngine;
 class Workspace;
+
+/// Lets an engine load the window's own types; to be called before it loads anything.
+void addWindowTypes(QQmlEngine &engine);
 
 /// Gives an engine what the window's icons and pictures come from; to be called before it loads
 /// anything. The engine owns the providers; workspace and pictures must outlive it.
 void addImageProviders(QQmlEngine &engine, const Workspace &workspace,
                        const PictureStore &pictures);
+
+/// The provider of an engine; null when it has none, or there is no engine.
+template <typename Provider> [[nodiscard]] Provider *imageProvider(const QQmlEngine *engine)
+{
+    return engine == nullptr ? nullptr
+                             : engine->findChild<Provider *>(QString(), Qt::FindDirectChildrenOnly);
+}

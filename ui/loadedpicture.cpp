@@ -1,8 +1,8 @@
 #include "ui/loadedpicture.h"
 
 #include "ui/iconprovider.h"
+#include "ui/imageproviders.h"
 
-#include <QQmlEngine>
 #include <QQuickWindow>
 #include <QSGImageNode>
 
@@ -46,8 +46,8 @@ void LoadedPicture::componentComplete()
 void LoadedPicture::updatePolish()
 {
     const QSize area = (size() * pixelRatio()).toSize();
-    IconProvider *const icons
-        = isVisible() && !area.isEmpty() ? IconProvider::of(qmlEngine(this)) : nullptr;
+    auto *const icons
+        = isVisible() && !area.isEmpty() ? imageProvider<IconProvider>(qmlEngine(this)) : nullptr;
     const PictureRequest wanted = icons != nullptr ? request(*icons, area) : PictureRequest();
     if (m_isWaiting && wanted.key == m_key)
         return;

@@ -2,8 +2,6 @@
 
 #include <QMutexLocker>
 
-#include <memory>
-
 std::optional<QImage> PictureCache::find(const QString &key) const
 {
     const QMutexLocker lock(&m_mutex);

@@ -1,8 +1,7 @@
 #include "ui/pictureloader.h"
 
-#include "ui/pictureresponse.h"
-
 #include <QMutexLocker>
+#include <QThread>
 
 #include <algorithm>
 
@@ -10,7 +9,10 @@ PictureLoader::PictureLoader(qsizetype cacheBytes, QObject *parent)
     : QObject(parent)
     , m_cache(cacheBytes)
 {
-    setUpForPictures(m_pool);
+    // It leaves a processor to the window, and its threads, once idle, never wake up by themselves.
+    constexpr int mostThreads = 3;
+    m_pool.setMaxThreadCount(std::clamp(QThread::idealThreadCount() - 1, 1, mostThreads));
+    m_pool.setExpiryTimeout(-1);
 }
 
 PictureLoader::~PictureLoader()

@@ -19,7 +19,7 @@ public:
 };
 
 /// Makes pictures on other threads, each once, however many wait for it, and remembers them. What
-/// nobody waits for any longer is not begun. Used from the main thread alone.
+/// nobody waits for any longer is not begun. Used from the main thread, but for the cache.
 class PictureLoader final : public QObject {
     Q_OBJECT
 
@@ -28,7 +28,7 @@ public:
     /// Waits for what is being made; what is not yet begun is dropped.
     ~PictureLoader() override;
 
-    /// What is remembered; for use by the makers of pictures, too.
+    /// What is remembered; for the makers of pictures, too, on their threads.
     [[nodiscard]] PictureCache &cache() { return m_cache; }
     [[nodiscard]] QThreadPool &pool() { return m_pool; }
 

@@ -1,11 +1,9 @@
 #include "ui/pictureprovider.h"
 
 #include "platform/qt/imagebytes.h"
-#include "ui/pictureresponse.h"
 #include "ui/picturestore.h"
 
 #include <QPainter>
-#include <QQmlEngine>
 
 #include <algorithm>
 
@@ -22,42 +20,21 @@ QImage enlarged(const QImage &picture, const QSize &area)
 
 } // namespace
 
-PictureProvider *PictureProvider::of(QQmlEngine *engine)
+PictureProvider::PictureProvider(const PictureStore &pictures, QObject *parent)
+    : QObject(parent)
+    , m_pictures(pictures)
 {
-    return engine == nullptr ? nullptr
-                             : qobject_cast<PictureProvider *>(engine->imageProvider(name()));
-}
-
-PictureProvider::PictureProvider(const PictureStore &pictures)
-    : m_pictures(pictures)
-{
-    setUpForPictures(m_pool);
-}
-
-PictureProvider::~PictureProvider()
-{
-    m_pool.clear();
-    m_pool.waitForDone();
-}
-
-QQuickImageResponse *PictureProvider::requestImageResponse(const QString &id,
-                                                           const QSize &requestedSize)
-{
-    return new PictureResponse(m_pool, [bytes = m_pictures.bytes(id), requestedSize] {
-        return decodedPicture(bytes, requestedSize);
-    });
 }
 
 PictureRequest PictureProvider::request(const QString &source, const QSize &area,
                                         double radiusShare) const
 {
-    const QString id = source.mid(QStringLiteral("image://picture/").size());
     return {.key = QStringLiteral("%1 %2x%3 %4")
                        .arg(source)
                        .arg(area.width())
                        .arg(area.height())
                        .arg(radiusShare),
-            .make = [bytes = m_pictures.bytes(id), area, radiusShare] {
+            .make = [bytes = m_pictures.bytes(source), area, radiusShare] {
                 const QImage picture = enlarged(decodedPicture(bytes, area), area);
                 return radiusShare > 0 ? roundedPicture(picture, radiusShare) : picture;
             }};

@@ -2,29 +2,17 @@
 
 #include "ui/picturecache.h"
 
-#include <QQuickAsyncImageProvider>
-#include <QThreadPool>
+#include <QObject>
 
 class PictureStore;
-class QQmlEngine;
 
-/// "image://picture/…": the pictures of a PictureStore, decoded off the main thread.
-/// FolderPicture asks for requests here, to share a loader and what it remembers.
-class PictureProvider final : public QQuickAsyncImageProvider {
+/// The pictures of a PictureStore, for the items that show them: they ask for requests here and
+/// give them to a loader.
+class PictureProvider final : public QObject {
     Q_OBJECT
 
 public:
-    static QString name() { return QStringLiteral("picture"); }
-
-    /// The one of an engine; null when it has none.
-    [[nodiscard]] static PictureProvider *of(QQmlEngine *engine);
-
-    explicit PictureProvider(const PictureStore &pictures);
-    /// Waits for what is being decoded; what is not yet begun is dropped.
-    ~PictureProvider() override;
-
-    QQuickImageResponse *requestImageResponse(const QString &id,
-                                              const QSize &requestedSize) override;
+    explicit PictureProvider(const PictureStore &pictures, QObject *parent = nullptr);
 
     /// The picture of a source for so many device pixels; with round corners, when there is a
     /// radius, as a share of the width.
@@ -33,7 +21,6 @@ public:
 
 private:
     const PictureStore &m_pictures;
-    QThreadPool m_pool;
 };
 
 /// The picture that an image file's bytes hold, upright, scaled down, in its proportions, so that

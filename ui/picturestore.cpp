@@ -18,8 +18,7 @@ QString PictureStore::pictureSource(const DockFolder &folder)
     if (picture.bytes.constData() == bytes.constData() && picture.bytes.size() == bytes.size())
         return picture.source; // the same memory: nothing to compare
     if (picture.bytes != bytes)
-        picture.source = QStringLiteral("image://picture/%1/%2")
-                             .arg(uuidText(folder.id), QString::number(++m_version));
+        picture.source = uuidText(folder.id) + u'/' + QString::number(++m_version);
     picture.bytes = bytes;
     return picture.source;
 }
@@ -36,9 +35,9 @@ void PictureStore::keepOnly(const QList<DockFolder> &folders)
     m_pictures.removeIf([&](const auto &entry) { return !ids.contains(entry.key()); });
 }
 
-QByteArray PictureStore::bytes(QStringView sourceID) const
+QByteArray PictureStore::bytes(QStringView source) const
 {
-    const std::optional<QUuid> folderID = uuidFromText(sourceID.left(uuidTextLength));
+    const std::optional<QUuid> folderID = uuidFromText(source.left(uuidTextLength));
     if (!folderID)
         return {};
     const QMutexLocker lock(&m_mutex);

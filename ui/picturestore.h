@@ -8,23 +8,21 @@
 
 struct DockFolder;
 
-/// The pictures that folders were given, where the window finds them: what a FolderPicture, or an
-/// Image, gets as its source names an entry here. The bytes are the library's own, shared, not
-/// copied; they are decoded only when an image comes into view, by "image://picture" (see
-/// addImageProviders), at the size it is shown at. The main thread puts in, any thread takes out.
-/// Outlives the QML engine.
+/// The pictures that folders were given, where the window finds them: what a FolderPicture gets as
+/// its source names an entry here. The bytes are the library's own, shared, not copied; they are
+/// decoded only when an item comes into view, at the size it is shown at (see PictureProvider). The
+/// main thread puts in, any thread takes out. Outlives the QML engine.
 class PictureStore {
 public:
-    /// The source for an Image that shows the folder's picture; empty when it has none. It stays
-    /// the same while the picture does, and no other picture ever has it. Cheap: to be called for
-    /// each folder whenever the folders change. An Image needs a `sourceSize`, in window units; of
-    /// a picture that cannot be decoded it warns.
+    /// The source for a FolderPicture that shows the folder's picture: the folder's id and a number
+    /// behind a slash; empty when it has none. It stays the same while the picture does, and no
+    /// other picture ever has it. Cheap: to be called for each folder whenever the folders change.
     [[nodiscard]] QString pictureSource(const DockFolder &folder);
     /// Lets go of the pictures of all folders but these: to be called when folders may have gone.
     void keepOnly(const QList<DockFolder> &folders);
 
-    /// The newest picture of the folder that a source names behind "image://picture/". Any thread.
-    [[nodiscard]] QByteArray bytes(QStringView sourceID) const;
+    /// The newest picture of the folder that a source names. Any thread.
+    [[nodiscard]] QByteArray bytes(QStringView source) const;
 
 private:
     struct Picture {

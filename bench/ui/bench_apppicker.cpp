@@ -17,8 +17,6 @@
 #include <cstdlib>
 #include <ctime>
 
-extern void qml_register_types_Nestlet_Companion(); // NOLINT(readability-identifier-naming)
-
 namespace {
 
 constexpr int applicationCount = 5000;
@@ -104,7 +102,7 @@ public:
         : m_scan([applications] { return applications; })
     {
         addImageProviders(m_engine, m_workspace, m_pictures);
-        m_engine.addImportPath(QStringLiteral(":/qt/qml"));
+        addWindowTypes(m_engine);
         m_engine.setInitialProperties({{QStringLiteral("scan"), QVariant::fromValue(&m_scan)}});
         m_engine.loadData(windowText);
         require(!m_engine.rootObjects().isEmpty(), "there is no window");
@@ -210,7 +208,6 @@ int main(int argc, char **argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("QT_QUICK_BACKEND", "software");
-    [[maybe_unused]] auto *const volatile uiTypes = &qml_register_types_Nestlet_Companion;
     const QGuiApplication application(argc, argv);
     const QStringList names = applicationNames();
     const QList<FileURL> urls = applicationURLs(names);

@@ -9,8 +9,6 @@
 #include <QGuiApplication>
 #include <QQuickItem>
 
-extern void qml_register_types_Nestlet_Companion(); // NOLINT(readability-identifier-naming)
-
 namespace {
 
 QQuickItem *findItem(QQuickItem *root, QLatin1StringView objectName)
@@ -32,11 +30,10 @@ CompanionWindow::CompanionWindow()
     , m_model((m_companion.store.start(), m_companion.store), m_pictures,
               [] { return QList<FileURL>(); })
 {
-    [[maybe_unused]] auto *const volatile uiTypes = &qml_register_types_Nestlet_Companion;
     addImageProviders(m_engine, *m_platform.workspace, m_pictures);
     setAppearance(m_engine, *m_platform.appearance);
     m_engine.setInitialProperties({{QStringLiteral("model"), QVariant::fromValue(&m_model)}});
-    m_engine.addImportPath(QStringLiteral(":/qt/qml"));
+    addWindowTypes(m_engine);
     m_engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Nestlet/Companion/CompanionView.qml")));
     require(!m_engine.rootObjects().isEmpty(), "there is no window");
     m_window = qobject_cast<QQuickWindow *>(m_engine.rootObjects().constFirst());

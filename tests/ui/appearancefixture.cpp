@@ -5,8 +5,6 @@
 #include <QGuiApplication>
 #include <QQmlComponent>
 
-extern void qml_register_types_Nestlet_Companion(); // NOLINT(readability-identifier-naming)
-
 namespace {
 
 constexpr auto scene = R"(
@@ -78,10 +76,9 @@ QQuickItem *childNamed(QQuickItem *root, const char *objectName)
 
 AppearanceFixture::AppearanceFixture()
 {
-    [[maybe_unused]] auto *const volatile uiTypes = &qml_register_types_Nestlet_Companion;
     qputenv("QT_QUICK_BACKEND", "software");
     addImageProviders(engine, workspace, pictures);
-    engine.addImportPath(QStringLiteral(":/qt/qml"));
+    addWindowTypes(engine);
 }
 
 AppearanceFixture::~AppearanceFixture()

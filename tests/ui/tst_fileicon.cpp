@@ -1,7 +1,6 @@
 #include "model/dockfolder.h"
 #include "platform/workspace.h"
 #include "ui/icongrid.h"
-#include "ui/iconprovider.h"
 #include "ui/imageproviders.h"
 #include "ui/loadedpicture.h"
 #include "ui/picturestore.h"
@@ -17,8 +16,6 @@
 #include <atomic>
 #include <memory>
 #include <vector>
-
-extern void qml_register_types_Nestlet_Companion(); // NOLINT(readability-identifier-naming)
 
 namespace {
 
@@ -81,7 +78,6 @@ private Q_SLOTS:
     void anIconThatCannotBeMadeLeavesThePlaceholder();
     void hiddenIconsAreNotLoaded();
     void iconsThatGoAwayAreNotLoaded();
-    void theProviderServesImages();
     void oneGridIsOnePicture();
     void cellsPastTheLastItemAreFaint();
     void aChangedGridStaysInViewWhileItLoads();
@@ -107,7 +103,6 @@ private:
 
 void FileIconTest::initTestCase()
 {
-    [[maybe_unused]] auto *const volatile uiTypes = &qml_register_types_Nestlet_Companion;
     qputenv("QT_QUICK_BACKEND", "software");
 }
 
@@ -115,7 +110,7 @@ void FileIconTest::init()
 {
     QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
     m_engine = std::make_unique<QQmlEngine>();
-    m_engine->addImportPath(QStringLiteral(":/qt/qml"));
+    addWindowTypes(*m_engine);
     addImageProviders(*m_engine, m_workspace, m_pictures);
     m_window = std::make_unique<QQuickWindow>();
     m_window->setColor(background);
@@ -252,18 +247,6 @@ void FileIconTest::iconsThatGoAwayAreNotLoaded()
     QVERIFY2(m_workspace.made <= 5, qPrintable(QString::number(m_workspace.made)));
 }
 
-void FileIconTest::theProviderServesImages()
-{
-    m_workspace.pace.release(100);
-    // Out of sight: what windows keep of an Image is not freed before the process ends.
-    auto *const image = create<QQuickItem>(R"(Image { visible: false
-        width: 40; height: 40; sourceSize: Qt.size(40, 40)
-        source: "image://icon/" + encodeURIComponent("file:///icons/blue.app")
-    })");
-    QTRY_COMPARE(image->property("status").toInt(), 1); // Image.Ready
-    QCOMPARE(image->implicitWidth(), 40);
-}
-
 void FileIconTest::oneGridIsOnePicture()
 {
     m_workspace.pace.release(100);
@@ -374,7 +357,8 @@ void FileIconTest::gridsAreOfWholePixels()
 
 void FileIconTest::itemsWithoutProvidersShowTheirPlaceholder()
 {
-    m_engine->removeImageProvider(IconProvider::name());
+    m_engine = std::make_unique<QQmlEngine>();
+    addWindowTypes(*m_engine);
     auto *const icon = create(R"(FileIcon { url: "file:///icons/red.app"; size: 56 })");
     QTRY_VERIFY(colorAt(28, 28) != background);
     QVERIFY(!icon->isLoaded());

@@ -12,8 +12,6 @@
 #include <QQuickWindow>
 #include <QTest>
 
-extern void qml_register_types_Nestlet_Companion(); // NOLINT(readability-identifier-naming)
-
 namespace {
 
 constexpr auto scene = R"(
@@ -141,13 +139,12 @@ private:
 void FolderIconTest::init()
 {
     QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
-    [[maybe_unused]] auto *const volatile uiTypes = &qml_register_types_Nestlet_Companion;
     qputenv("QT_QUICK_BACKEND", "software");
     m_appearance.current = {};
     m_engine = std::make_unique<QQmlEngine>();
     setAppearance(*m_engine, m_appearance);
     addImageProviders(*m_engine, m_workspace, m_pictures);
-    m_engine->addImportPath(QStringLiteral(":/qt/qml"));
+    addWindowTypes(*m_engine);
 }
 
 void FolderIconTest::cleanup()

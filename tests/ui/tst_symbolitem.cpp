@@ -1,3 +1,4 @@
+#include "ui/imageproviders.h"
 #include "ui/symbolitem.h"
 
 #include <QAccessible>
@@ -5,8 +6,6 @@
 #include <QQmlEngine>
 #include <QQuickWindow>
 #include <QTest>
-
-extern void qml_register_types_Nestlet_Companion(); // NOLINT(readability-identifier-naming)
 
 /// The item in a window, and Symbol.qml around it.
 class SymbolItemTest final : public QObject {
@@ -121,9 +120,8 @@ void SymbolItemTest::theMiddleStaysWhateverTheItemsSize()
 
 void SymbolItemTest::theWindowsSymbolHasTheThemesColor()
 {
-    [[maybe_unused]] auto *const volatile uiTypes = &qml_register_types_Nestlet_Companion;
     QQmlEngine engine;
-    engine.addImportPath(QStringLiteral(":/qt/qml"));
+    addWindowTypes(engine);
     QQmlComponent component(&engine);
     component.setData("import QtQuick\n"
                       "import Nestlet.Companion\n"

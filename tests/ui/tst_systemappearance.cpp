@@ -1,3 +1,4 @@
+#include "ui/imageproviders.h"
 #include "ui/systemappearance.h"
 
 #include "tests/fakes/fakeappearance.h"
@@ -9,8 +10,6 @@
 #include <QQmlEngine>
 #include <QSignalSpy>
 #include <QTest>
-
-extern void qml_register_types_Nestlet_Companion(); // NOLINT(readability-identifier-naming)
 
 namespace {
 
@@ -92,10 +91,9 @@ void SystemAppearanceTest::observesNoLongerThanItLives()
 
 void SystemAppearanceTest::theThemeFollowsLive()
 {
-    [[maybe_unused]] auto *const volatile uiTypes = &qml_register_types_Nestlet_Companion;
     FakeAppearance fake;
     QQmlEngine engine;
-    engine.addImportPath(QStringLiteral(":/qt/qml"));
+    addWindowTypes(engine);
     setAppearance(engine, fake);
     QQmlComponent component(&engine);
     component.setData("import QtQuick\n"

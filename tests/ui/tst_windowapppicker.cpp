@@ -68,7 +68,7 @@ struct PickerFixture : WindowFixture {
     [[nodiscard]] bool openWindow(const QStringList &existing)
     {
         addImageProviders(engine, workspace, pictures);
-        engine.addImportPath(QStringLiteral(":/qt/qml"));
+        addWindowTypes(engine);
         engine.setInitialProperties({{QStringLiteral("scan"), QVariant::fromValue(&scan)},
                                      {QStringLiteral("existingURLs"), existing}});
         engine.loadData(windowText);

@@ -4,8 +4,6 @@
 
 #include <functional>
 
-extern void qml_register_types_Nestlet_Companion(); // NOLINT(readability-identifier-naming)
-
 namespace {
 
 QQuickItem *findItem(QQuickItem *root, const std::function<bool(QQuickItem *)> &matches)
@@ -49,7 +47,6 @@ void failOnWindowWarnings()
 
 WindowFixture::WindowFixture()
 {
-    [[maybe_unused]] auto *const volatile uiTypes = &qml_register_types_Nestlet_Companion;
     qputenv("QT_QUICK_BACKEND", "software");
 }
 
@@ -62,7 +59,7 @@ bool WindowFixture::open(const QList<DockFolder> &folders)
     model = std::make_unique<CompanionViewModel>(
         *store, pictures, [this] { return scanInstalledApplications(files.files, directories); });
     addImageProviders(engine, workspace, pictures);
-    engine.addImportPath(QStringLiteral(":/qt/qml"));
+    addWindowTypes(engine);
     engine.setInitialProperties({{QStringLiteral("model"), QVariant::fromValue(model.get())}});
     engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Nestlet/Companion/CompanionView.qml")));
     if (engine.rootObjects().isEmpty())
