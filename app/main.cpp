@@ -16,15 +16,19 @@
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickWindow>
+#include <QTimer>
 
 #include <algorithm>
+#include <chrono>
 #include <memory>
 #include <string_view>
 
-// Generated with the QML module. Naming it keeps the module's types in the program.
-extern void qml_register_types_Nestlet_Companion(); // NOLINT(readability-identifier-naming)
+using namespace std::chrono_literals;
 
 namespace {
+
+// A window that is hidden, or on a screen that sleeps, is never painted.
+constexpr auto longestWaitForTheWindow = 5s;
 
 // Ends the program for --help, --version and what it does not know.
 void answerCommandLine(const QStringList &arguments)
@@ -72,11 +76,10 @@ int main(int argc, char *argv[])
 
     // The window's types are loaded on a thread of the engine's while this one reads the fonts and
     // the library.
-    [[maybe_unused]] auto *const volatile uiTypes = &qml_register_types_Nestlet_Companion;
     QQmlEngine engine;
+    addWindowTypes(engine);
     addImageProviders(engine, *platform.workspace, pictures);
     setAppearance(engine, *platform.appearance);
-    engine.addImportPath(QStringLiteral(":/qt/qml"));
     QObject::connect(&engine, &QQmlEngine::quit, &application, &QCoreApplication::quit,
                      Qt::QueuedConnection);
     QQmlComponent component(&engine,
@@ -110,9 +113,10 @@ int main(int argc, char *argv[])
     }
 
     // The rebuilds that a launch begins with block the main thread: the window comes first.
+    const auto release = [&] { companion.proxies.release(); };
     QObject::connect(
-        window, &QQuickWindow::frameSwapped, &companion.proxies,
-        [&] { companion.proxies.release(); },
+        window, &QQuickWindow::frameSwapped, &companion.proxies, release,
         static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
+    QTimer::singleShot(longestWaitForTheWindow, &companion.proxies, release);
     return QGuiApplication::exec();
 }
