@@ -1,7 +1,6 @@
 #include "model/accentcolor.h"
 
 #include <algorithm>
-#include <array>
 
 namespace {
 

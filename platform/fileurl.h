@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QString>
-#include <QUrl>
 
 #include <optional>
 
@@ -22,7 +21,6 @@ public:
     [[nodiscard]] static FileURL directory(const QString &path);
 
     [[nodiscard]] const QString &text() const { return m_text; }
-    [[nodiscard]] QUrl toQUrl() const { return QUrl(m_text); }
     [[nodiscard]] bool isFileURL() const;
     [[nodiscard]] bool hasDirectoryPath() const;
     /// The decoded path without a trailing slash ("/" alone keeps it).

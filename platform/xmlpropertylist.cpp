@@ -5,8 +5,6 @@
 #include <QLocale>
 #include <QXmlStreamReader>
 
-#include <algorithm>
-#include <array>
 #include <cmath>
 #include <limits>
 

@@ -2,7 +2,6 @@
 
 #include "system/searchfolding.h"
 
-#include <algorithm>
 #include <cstring>
 #include <numeric>
 

@@ -2,6 +2,8 @@
 
 #include "ui/urltexts.h"
 
+#include <QSet>
+
 #include <algorithm>
 
 void AppPickerModel::setScan(ApplicationScan *scan)

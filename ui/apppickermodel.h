@@ -5,7 +5,6 @@
 #include <QAbstractListModel>
 #include <QFutureWatcher>
 #include <QPointer>
-#include <QSet>
 #include <QtQml/qqmlregistration.h>
 
 #include <vector>

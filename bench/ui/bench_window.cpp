@@ -6,7 +6,6 @@
 #include "bench/ui/require.h"
 #include "bench/ui/shownprogram.h"
 
-#include <QFileInfo>
 #include <QThread>
 
 #include <map>

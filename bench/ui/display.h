@@ -4,8 +4,6 @@
 #include <QList>
 #include <QProcess>
 
-#include <memory>
-
 /// A display and a session bus on which nothing else is shown or asked, for as long as it lives.
 class Display {
 public:

@@ -12,8 +12,6 @@
 #include <QPainter>
 #include <QtEndian>
 
-#include <algorithm>
-
 namespace {
 
 constexpr int applicationCount = 60;

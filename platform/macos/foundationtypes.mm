@@ -3,7 +3,6 @@
 #include <QDateTime>
 
 #include <cmath>
-#include <cstring>
 
 namespace {
 

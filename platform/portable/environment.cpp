@@ -5,8 +5,6 @@
 
 #include <unistd.h>
 
-#include <array>
-
 QString standInRoot()
 {
     const QString chosen = qEnvironmentVariable(rootVariable);

@@ -9,8 +9,6 @@
 #include <QImageReader>
 #include <QPainter>
 
-#include <algorithm>
-
 namespace {
 
 bool hasExtension(const FileURL &url, QLatin1StringView extension)
