@@ -17,8 +17,7 @@ import xml.etree.ElementTree as xml
 
 ROOT = pathlib.Path(__file__).parents[1]
 LUPDATE = "/usr/lib/qt6/bin/lupdate"
-# What `platform` says of a failure stands for the system's own words.
-ROOMS = ["model", "builder", "system", "store", "ui", "app"]
+ROOMS = ["platform", "model", "builder", "system", "store", "ui", "app"]
 ENGLISH = ROOT / "i18n/companion_en.ts"
 
 COMMENT_OR_LITERAL = re.compile(r'//[^\n]*|/\*.*?\*/|("(?:\\.|[^"\\\n])*"|\'(?:\\.|[^\'\\\n])*\')', re.S)
@@ -33,9 +32,9 @@ LITERAL = re.compile(r'"(?:\\.|[^"\\\n])*"|\'(?:\\.|[^\'\\\n])*\'')
 COLOR = re.compile(r'["\']#[0-9A-Fa-f]+["\']')
 SENTENCE = re.compile(r'"[A-Z][a-z]+[^"]* [^"]*"')
 FILE_NAME = re.compile(r'\.[a-z]+"$|/"$')
-# Our folder's name on disk, and what only a log and the toolkit are told.
+# Our folder's name on disk, and what only a log and a debugger are told.
 NOT_SHOWN = {'"Nestlet Companion"', '"Nestlet Companion: rebuild of \'"',
-             '"The picture cannot be decoded"'}
+             '"Nestlet Companion error"'}
 
 
 def blanked(match_or_text):
@@ -97,7 +96,7 @@ def extraction_faults():
         catalogue = pathlib.Path(folder) / "texts.ts"
         run = subprocess.run(
             [LUPDATE, "-silent", "-I.", "-source-language", "en", "-target-language", "en",
-             "platform", *ROOMS, "-ts", str(catalogue)],
+             *ROOMS, "-ts", str(catalogue)],
             cwd=ROOT, check=True, capture_output=True, text=True)
         faults = (run.stdout + run.stderr).splitlines()
         texts = list(xml.parse(catalogue).iter("message"))
@@ -111,8 +110,8 @@ def extraction_faults():
 
 
 def all_faults():
-    files = sorted(file for room in ROOMS for kind in ("*.cpp", "*.h", "*.qml")
-                   for file in (ROOT / room).glob(kind))
+    files = sorted(file for room in ROOMS for kind in ("*.cpp", "*.h", "*.mm", "*.qml")
+                   for file in (ROOT / room).rglob(kind))
     return extraction_faults() + [fault for file in files for fault in unkeyed_texts(file)]
 
 

@@ -57,7 +57,8 @@ private:
     void require(bool holds) const
     {
         if (!holds)
-            throw malformedPropertyList(m_path, QStringLiteral("Damaged property list"));
+            throw malformedPropertyList(
+                m_path, QCoreApplication::translate("PlatformError", "Damaged property list"));
     }
 
     // A big-endian number; the caller has checked that it lies inside.
@@ -329,6 +330,7 @@ QByteArray serializeBinaryPropertyList(const QVariant &value)
     plist_to_bin(node.get(), &bytes, &length);
     const std::unique_ptr<char, decltype(&std::free)> owner(bytes, &std::free);
     if (!bytes)
-        throw PlatformError(QStringLiteral("The property list could not be written"));
+        throw PlatformError(
+            QCoreApplication::translate("PlatformError", "The property list could not be written"));
     return {bytes, static_cast<qsizetype>(length)};
 }

@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include <chrono>
 #include <exception>
 
 /// What every failure of this program can say to its user. Thrown by tools, caught once at the edge
@@ -17,14 +18,34 @@ public:
 /// reason.
 class PlatformError final : public Error {
 public:
+    /// What the system can refuse.
+    enum class Action {
+        List,
+        Read,
+        Write,
+        Create,
+        Copy,
+        CopyIntoItself,
+        Move,
+        Remove,
+        Launch,
+        WaitFor,
+    };
+
     explicit PlatformError(const QString &description)
         : m_description(description)
     {
     }
 
-    /// "<action> “<path>”: <reason of errno value `errorNumber`>".
-    [[nodiscard]] static PlatformError fromErrno(const QString &action, const QString &path,
+    /// "Could not <action> “<path>”: <reason>".
+    PlatformError(Action action, const QString &path, const QString &reason);
+    /// The same with the system's words for the errno value as the reason.
+    [[nodiscard]] static PlatformError fromErrno(Action action, const QString &path,
                                                  int errorNumber);
+    /// A program was ended because it took longer than this.
+    [[nodiscard]] static PlatformError tookTooLong(const QString &path,
+                                                   std::chrono::duration<double> limit);
+    [[nodiscard]] static PlatformError withoutReason();
 
     [[nodiscard]] QString description() const override { return m_description; }
     bool operator==(const PlatformError &other) const

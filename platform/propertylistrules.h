@@ -2,6 +2,7 @@
 
 #include "platform/error.h"
 
+#include <QCoreApplication>
 #include <QDateTime>
 #include <QString>
 #include <QVariantMap>
@@ -16,12 +17,13 @@ constexpr int deepestPropertyList = 512;
 
 [[nodiscard]] inline PlatformError malformedPropertyList(const QString &path, const QString &reason)
 {
-    return PlatformError(QStringLiteral("Could not read “%1”: %2").arg(path, reason));
+    return {PlatformError::Action::Read, path, reason};
 }
 
 [[nodiscard]] inline PlatformError unwritableValue(const char *typeName)
 {
-    return PlatformError(QStringLiteral("A property list cannot hold a value of the type %1")
+    return PlatformError(QCoreApplication::translate(
+                             "PlatformError", "A property list cannot hold a value of the type %1")
                              .arg(QString::fromLatin1(typeName ? typeName : "none")));
 }
 

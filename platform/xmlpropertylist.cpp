@@ -72,7 +72,7 @@ public:
             requireElement();
         const QVariant value = readValue(0);
         if (isWrapped && nextElement())
-            fail(QStringLiteral("More than one value"));
+            fail(QCoreApplication::translate("PlatformError", "More than one value"));
         while (!m_xml.atEnd() && !m_xml.hasError())
             m_xml.readNext();
         if (m_xml.hasError())
@@ -83,8 +83,9 @@ public:
 private:
     [[noreturn]] void fail(const QString &reason) const
     {
-        const QString place = QStringLiteral("%1 (line %2)").arg(reason).arg(m_xml.lineNumber());
-        throw malformedPropertyList(m_path, place);
+        throw malformedPropertyList(m_path,
+                                    QCoreApplication::translate("PlatformError", "%1 (line %2)")
+                                        .arg(reason, QLocale().toString(m_xml.lineNumber())));
     }
 
     // Moves to the next element inside the current one. False at the current one's end. Text
@@ -100,7 +101,7 @@ private:
     void requireElement()
     {
         if (!nextElement())
-            fail(QStringLiteral("No value"));
+            fail(QCoreApplication::translate("PlatformError", "No value"));
     }
 
     QString readText()
@@ -114,7 +115,7 @@ private:
     QVariant readValue(int depth)
     {
         if (depth > deepestPropertyList)
-            fail(QStringLiteral("Nested too deeply"));
+            fail(QCoreApplication::translate("PlatformError", "Nested too deeply"));
         const QString name = m_xml.name().toString();
         if (name == u"dict")
             return readDictionary(depth);
@@ -123,7 +124,8 @@ private:
         const QString text = readText();
         const std::optional<QVariant> value = scalarFrom(name, text);
         if (!value)
-            fail(QStringLiteral("Unexpected <%1>%2").arg(name, text.left(40)));
+            fail(QCoreApplication::translate("PlatformError", "Unexpected <%1>%2")
+                     .arg(name, text.left(40)));
         return *value;
     }
 

@@ -162,5 +162,5 @@ QVariant variantFrom(id object)
 PlatformError platformErrorFrom(NSError *error)
 {
     const QString reason = textFrom([error localizedDescription]);
-    return PlatformError(reason.isEmpty() ? QStringLiteral("The system gave no reason.") : reason);
+    return reason.isEmpty() ? PlatformError::withoutReason() : PlatformError(reason);
 }

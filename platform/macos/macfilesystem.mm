@@ -9,7 +9,9 @@
 
 namespace {
 
-constexpr const char *action = "Could not copy";
+using Action = PlatformError::Action;
+
+constexpr Action action = Action::Copy;
 
 QByteArray pathOf(const FileURL &url)
 {

@@ -75,9 +75,7 @@ void endIfRunning(NSTask *task, const FileURL &tool, std::chrono::duration<doubl
     if (![task isRunning])
         return;
     kill([task processIdentifier], SIGKILL);
-    throw PlatformError(QStringLiteral("“%1” did not finish in %2 seconds and was ended")
-                            .arg(tool.path())
-                            .arg(limit.count()));
+    throw PlatformError::tookTooLong(tool.path(), limit);
 }
 
 } // namespace

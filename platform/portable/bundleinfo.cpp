@@ -4,6 +4,8 @@
 #include "platform/posix/posixfilesystem.h"
 #include "platform/propertylist.h"
 
+#include <QCoreApplication>
+
 namespace {
 
 FileURL contentsOf(const FileURL &bundle)
@@ -23,8 +25,8 @@ QVariantMap readBundleInfo(const FileURL &bundle)
     const FileURL file = infoPlistOf(bundle);
     const QVariant info = parsePropertyList(PosixFileSystem().read(file), file.path());
     if (info.typeId() != QMetaType::QVariantMap)
-        throw PlatformError(
-            QStringLiteral("Could not read “%1”: Not a dictionary").arg(file.path()));
+        throw PlatformError(PlatformError::Action::Read, file.path(),
+                            QCoreApplication::translate("PlatformError", "Not a dictionary"));
     return info.toMap();
 }
 

@@ -12,6 +12,8 @@
 
 namespace {
 
+using Action = PlatformError::Action;
+
 // Between fork and exec only the plainest calls are allowed: no allocation, no locks, no
 // exceptions.
 struct Launch {
@@ -100,7 +102,7 @@ QList<char *> pointersTo(const QList<QByteArray> &texts)
 
 void startDetached(const Program &program, Streams streams)
 {
-    constexpr const char *action = "Could not launch";
+    constexpr Action action = Action::Launch;
     std::array<int, 2> ends{};
     if (::pipe2(ends.data(), O_CLOEXEC) < 0)
         throw lastError(action, program.path);

@@ -18,9 +18,11 @@
 
 namespace {
 
+using Action = PlatformError::Action;
+
 using std::chrono::steady_clock;
 
-constexpr const char *launching = "Could not launch";
+constexpr Action launching = Action::Launch;
 
 struct Pipe {
     FileDescriptor reader{};
@@ -98,7 +100,7 @@ int waitForExit(pid_t process, const QByteArray &tool)
     int status = 0;
     while (::waitpid(process, &status, 0) < 0) {
         if (errno != EINTR) // never taken for success
-            throw lastError("Could not wait for", tool);
+            throw lastError(Action::WaitFor, tool);
     }
     return WIFSIGNALED(status) ? WTERMSIG(status) : WEXITSTATUS(status);
 }
@@ -174,9 +176,7 @@ ProcessResult PortableProcessRunner::run(const FileURL &tool, const QStringList 
     }
     ::kill(-process, SIGKILL);
     waitForExit(process, program.path);
-    throw PlatformError(QStringLiteral("“%1” did not finish in %2 seconds and was ended")
-                            .arg(tool.path())
-                            .arg(std::chrono::duration<double>(m_timeLimit).count()));
+    throw PlatformError::tookTooLong(tool.path(), m_timeLimit);
 }
 
 void PortableProcessRunner::start(const FileURL &tool, const QStringList &arguments)

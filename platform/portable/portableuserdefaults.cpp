@@ -4,6 +4,8 @@
 #include "platform/posix/posixfilesystem.h"
 #include "platform/propertylist.h"
 
+#include <QCoreApplication>
+
 #include <cmath>
 #include <cstdlib>
 #include <limits>
@@ -46,7 +48,8 @@ void putAside(const FileURL &file)
         if (!files.isOccupied(aside))
             return files.move(file, aside);
     }
-    throw PlatformError(QStringLiteral("Could not put “%1” aside").arg(file.path()));
+    throw PlatformError(
+        QCoreApplication::translate("PlatformError", "Could not put “%1” aside").arg(file.path()));
 }
 
 qint64 leadingInteger(const QString &text)

@@ -7,6 +7,7 @@
 #include "platform/posix/posixfilesystem.h"
 #include "platform/runningapplications.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QStandardPaths>
@@ -48,8 +49,9 @@ QString requiredText(const QVariantMap &info, const QString &key, const FileURL 
 {
     const QString text = info.value(key).toString();
     if (text.isEmpty() || text.contains(u'/'))
-        throw PlatformError(QStringLiteral("Could not launch “%1”: its Info.plist has no %2")
-                                .arg(bundle.path(), key));
+        throw PlatformError(
+            PlatformError::Action::Launch, bundle.path(),
+            QCoreApplication::translate("PlatformError", "its Info.plist has no %1").arg(key));
     return text;
 }
 
@@ -97,7 +99,7 @@ PortableWorkspace::applicationWithBundleIdentifier(const QString &bundleIdentifi
 void PortableWorkspace::launch(const FileURL &bundle, Activation activation) const
 {
     if (!PosixFileSystem().exists(bundle))
-        throw PlatformError::fromErrno(QStringLiteral("Could not launch"), bundle.path(), ENOENT);
+        throw PlatformError::fromErrno(PlatformError::Action::Launch, bundle.path(), ENOENT);
     const QVariantMap info = readBundleInfo(bundle);
     const FileURL executable = executableOf(bundle, info);
     const QString identifier = requiredText(info, QStringLiteral("CFBundleIdentifier"), bundle);

@@ -15,12 +15,14 @@
 
 namespace {
 
+using Action = PlatformError::Action;
+
 constexpr mode_t permissionBits = 07777;
 constexpr size_t piecesPerWrite = 256;
 
 [[noreturn]] void failWriting(const QByteArray &path)
 {
-    throw lastError("Could not write", path);
+    throw lastError(Action::Write, path);
 }
 
 QByteArray directoryPart(const QByteArray &path)
@@ -48,7 +50,7 @@ QByteArray withLinksFollowed(QByteArray path)
             return path;
         path = *target;
     }
-    throw systemError("Could not write", path, ELOOP);
+    throw systemError(Action::Write, path, ELOOP);
 }
 
 // The new file beside the old one, under a name of its own until it is whole. The name is always
@@ -65,7 +67,7 @@ public:
                 ++number; // somebody writes there at this moment
         }
         if (!isOpen())
-            throw systemError("Could not write", target, EBUSY);
+            throw systemError(Action::Write, target, EBUSY);
     }
     TemporaryFile(const TemporaryFile &) = delete;
     TemporaryFile &operator=(const TemporaryFile &) = delete;

@@ -8,6 +8,8 @@
 
 namespace {
 
+using Action = PlatformError::Action;
+
 using Type = ListedEntry::Type;
 
 struct DirectoryCloser {
@@ -56,13 +58,13 @@ void visitDirectory(FileDescriptor directory, const QByteArray &path,
 {
     const std::unique_ptr<DIR, DirectoryCloser> stream(::fdopendir(directory.get()));
     if (!stream)
-        throw lastError("Could not list", path);
+        throw lastError(Action::List, path);
     const int descriptor = directory.release(); // the stream owns it now
     for (;;) {
         errno = 0;
         const dirent *entry = ::readdir(stream.get()); // NOLINT(concurrency-mt-unsafe): own stream
         if (!entry && errno != 0)
-            throw lastError("Could not list", path);
+            throw lastError(Action::List, path);
         if (!entry)
             return;
         if (!isSelfOrParent(entry->d_name))

@@ -25,13 +25,12 @@ FileDescriptor openAt(int directory, const QByteArray &path, int flags, mode_t m
     return FileDescriptor(descriptor);
 }
 
-PlatformError systemError(const char *action, const QByteArray &path, int errorNumber)
+PlatformError systemError(PlatformError::Action action, const QByteArray &path, int errorNumber)
 {
-    return PlatformError::fromErrno(QString::fromLatin1(action), QString::fromUtf8(path),
-                                    errorNumber);
+    return PlatformError::fromErrno(action, QString::fromUtf8(path), errorNumber);
 }
 
-PlatformError lastError(const char *action, const QByteArray &path)
+PlatformError lastError(PlatformError::Action action, const QByteArray &path)
 {
     return systemError(action, path, errno);
 }

@@ -44,6 +44,6 @@ private:
                                     mode_t mode = 0);
 
 /// The error of the call that just failed, about a path in the file system's own bytes.
-[[nodiscard]] PlatformError lastError(const char *action, const QByteArray &path);
-[[nodiscard]] PlatformError systemError(const char *action, const QByteArray &path,
+[[nodiscard]] PlatformError lastError(PlatformError::Action action, const QByteArray &path);
+[[nodiscard]] PlatformError systemError(PlatformError::Action action, const QByteArray &path,
                                         int errorNumber);

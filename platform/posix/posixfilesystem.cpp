@@ -20,6 +20,8 @@
 
 namespace {
 
+using Action = PlatformError::Action;
+
 // The path in the file system's bytes; empty when the URL names no file.
 QByteArray pathOf(const FileURL &url)
 {
@@ -29,7 +31,7 @@ QByteArray pathOf(const FileURL &url)
     return path.startsWith('/') && !path.contains('\0') ? path : QByteArray();
 }
 
-QByteArray requiredPath(const char *action, const FileURL &url)
+QByteArray requiredPath(Action action, const FileURL &url)
 {
     QByteArray path = pathOf(url);
     if (path.isEmpty())
@@ -54,10 +56,10 @@ qint64 nanoseconds(const timespec &time)
 void visitEntries(const FileURL &directory,
                   const std::function<void(const char *, ListedEntry::Type)> &visit)
 {
-    const QByteArray path = requiredPath("Could not list", directory);
+    const QByteArray path = requiredPath(Action::List, directory);
     FileDescriptor opened = openAt(AT_FDCWD, path, O_RDONLY | O_DIRECTORY);
     if (!opened.isOpen())
-        throw lastError("Could not list", path);
+        throw lastError(Action::List, path);
     visitDirectory(std::move(opened), path, visit);
 }
 
@@ -67,9 +69,9 @@ FileDescriptor openForReading(const QByteArray &path, qint64 &size)
     FileDescriptor file = openAt(AT_FDCWD, path, O_RDONLY | O_NONBLOCK);
     struct stat status { };
     if (!file.isOpen() || ::fstat(file.get(), &status) < 0)
-        throw lastError("Could not read", path);
+        throw lastError(Action::Read, path);
     if (!S_ISREG(status.st_mode))
-        throw systemError("Could not read", path, S_ISDIR(status.st_mode) ? EISDIR : EINVAL);
+        throw systemError(Action::Read, path, S_ISDIR(status.st_mode) ? EISDIR : EINVAL);
     size = status.st_size;
     return file;
 }
@@ -83,7 +85,7 @@ void createDirectory(const QByteArray &path)
     const int error = errno;
     struct stat status { };
     if (::stat(path.constData(), &status) < 0 || !S_ISDIR(status.st_mode))
-        throw systemError("Could not create", path, error);
+        throw systemError(Action::Create, path, error);
 }
 
 } // namespace
@@ -161,7 +163,7 @@ std::optional<FileIdentity> PosixFileSystem::identity(const FileURL &url) const
 
 QByteArray PosixFileSystem::read(const FileURL &url) const
 {
-    const QByteArray path = requiredPath("Could not read", url);
+    const QByteArray path = requiredPath(Action::Read, url);
     qint64 size = 0;
     const FileDescriptor file = openForReading(path, size);
     QByteArray bytes(size + 1, Qt::Uninitialized); // one more, to meet the end without another look
@@ -172,7 +174,7 @@ QByteArray PosixFileSystem::read(const FileURL &url) const
         const ssize_t count
             = ::read(file.get(), bytes.data() + length, static_cast<size_t>(bytes.size() - length));
         if (count < 0 && errno != EINTR)
-            throw lastError("Could not read", path);
+            throw lastError(Action::Read, path);
         if (count == 0)
             break;
         length += std::max<ssize_t>(count, 0);
@@ -184,12 +186,12 @@ QByteArray PosixFileSystem::read(const FileURL &url) const
 void PosixFileSystem::writeAtomically(const FileURL &url,
                                       std::span<const QByteArrayView> pieces) const
 {
-    writeFileAtomically(requiredPath("Could not write", url), pieces);
+    writeFileAtomically(requiredPath(Action::Write, url), pieces);
 }
 
 void PosixFileSystem::createDirectories(const FileURL &directory) const
 {
-    const QByteArray path = requiredPath("Could not create", directory);
+    const QByteArray path = requiredPath(Action::Create, directory);
     if (isDirectory(directory))
         return;
     for (qsizetype slash = path.indexOf('/', 1); slash >= 0; slash = path.indexOf('/', slash + 1))
@@ -199,17 +201,17 @@ void PosixFileSystem::createDirectories(const FileURL &directory) const
 
 void PosixFileSystem::copy(const FileURL &from, const FileURL &to) const
 {
-    copyTree(requiredPath("Could not copy", from), requiredPath("Could not create", to));
+    copyTree(requiredPath(Action::Copy, from), requiredPath(Action::Create, to));
 }
 
 void PosixFileSystem::move(const FileURL &from, const FileURL &to) const
 {
-    const QByteArray source = requiredPath("Could not move", from);
-    if (std::rename(source.constData(), requiredPath("Could not move", to).constData()) < 0)
-        throw lastError("Could not move", source);
+    const QByteArray source = requiredPath(Action::Move, from);
+    if (std::rename(source.constData(), requiredPath(Action::Move, to).constData()) < 0)
+        throw lastError(Action::Move, source);
 }
 
 void PosixFileSystem::remove(const FileURL &url) const
 {
-    removeTree(requiredPath("Could not remove", url));
+    removeTree(requiredPath(Action::Remove, url));
 }

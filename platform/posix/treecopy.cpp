@@ -13,6 +13,8 @@
 
 namespace {
 
+using Action = PlatformError::Action;
+
 constexpr mode_t permissionBits = 07777;
 
 // A name below an open directory, and its whole path for the text of an error.
@@ -29,12 +31,12 @@ struct Place {
 
 [[noreturn]] void failCopying(const Place &place)
 {
-    throw lastError("Could not copy", place.path);
+    throw lastError(Action::Copy, place.path);
 }
 
 [[noreturn]] void failCreating(const Place &place)
 {
-    throw lastError("Could not create", place.path);
+    throw lastError(Action::Create, place.path);
 }
 
 struct stat statusOf(int descriptor, const Place &place)
@@ -140,7 +142,7 @@ void copyEntry(ListedEntry::Type type, const Place &from, const Place &to, CopyS
     case ListedEntry::Type::Other: // opening a pipe or device could wait for ever
         break;
     }
-    throw systemError("Could not copy", from.path, EOPNOTSUPP);
+    throw systemError(Action::Copy, from.path, EOPNOTSUPP);
 }
 
 QByteArray resolved(const QByteArray &path)
@@ -162,7 +164,7 @@ void requireOutside(const QByteArray &from, const QByteArray &to)
     const QByteArray source = resolved(from);
     const QByteArray parent = resolved(parentOf(to));
     if (!source.isEmpty() && (parent + '/').startsWith(source == "/" ? source : source + '/'))
-        throw systemError("Could not copy into itself", from, EINVAL);
+        throw systemError(Action::CopyIntoItself, from, EINVAL);
 }
 
 } // namespace
@@ -171,7 +173,7 @@ void copyTree(const QByteArray &from, const QByteArray &to)
 {
     struct stat status { };
     if (::lstat(from.constData(), &status) < 0)
-        throw lastError("Could not copy", from);
+        throw lastError(Action::Copy, from);
     if (S_ISDIR(status.st_mode))
         requireOutside(from, to);
     CopySupport support;

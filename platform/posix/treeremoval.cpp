@@ -10,11 +10,13 @@
 
 namespace {
 
+using Action = PlatformError::Action;
+
 constexpr int openFlags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW;
 
 [[noreturn]] void failRemoving(const QByteArray &path)
 {
-    throw lastError("Could not remove", path);
+    throw lastError(Action::Remove, path);
 }
 
 // Opens a directory, and its permissions first where they are closed to its owner.

@@ -44,7 +44,7 @@ private:
             for (const fs::directory_entry &entry : fs::directory_iterator(nativePath(directory)))
                 take(textOf(entry.path()), entry.symlink_status().type());
         } catch (const fs::filesystem_error &error) {
-            throw PlatformError::fromErrno(QStringLiteral("Could not read"), directory,
+            throw PlatformError::fromErrno(PlatformError::Action::Read, directory,
                                            error.code().value());
         }
     }
@@ -95,7 +95,6 @@ QString linkTarget(const QString &path)
     std::error_code error;
     const fs::path target = fs::read_symlink(nativePath(path), error);
     if (error)
-        throw PlatformError::fromErrno(QStringLiteral("Could not read the link"), path,
-                                       error.value());
+        throw PlatformError::fromErrno(PlatformError::Action::Read, path, error.value());
     return textOf(target);
 }

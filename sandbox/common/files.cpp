@@ -13,20 +13,13 @@
 
 #include <unistd.h>
 
-namespace {
-
-PlatformError failure(const QString &action, const QString &path, const QString &reason)
-{
-    return PlatformError(QStringLiteral("%1 “%2”: %3").arg(action, path, reason));
-}
-
-} // namespace
+using Action = PlatformError::Action;
 
 QByteArray readFile(const QString &path)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        throw failure(QStringLiteral("Could not read"), path, file.errorString());
+        throw PlatformError(Action::Read, path, file.errorString());
     return file.readAll();
 }
 
@@ -35,7 +28,7 @@ void writeFile(const QString &path, const QByteArray &bytes)
     makeDirectories(QFileInfo(path).path());
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
-        throw failure(QStringLiteral("Could not write"), path, file.errorString());
+        throw PlatformError(Action::Write, path, file.errorString());
 }
 
 std::optional<QVariantMap> readDictionary(const QString &path)
@@ -52,8 +45,7 @@ std::optional<QVariantMap> readDictionary(const QString &path)
 void makeDirectories(const QString &path)
 {
     if (!QDir().mkpath(path))
-        throw failure(QStringLiteral("Could not create"), path,
-                      QString::fromLocal8Bit(std::strerror(errno)));
+        throw PlatformError(Action::Create, path, QString::fromLocal8Bit(std::strerror(errno)));
 }
 
 void makeLink(const QString &path, const QString &target)
@@ -62,7 +54,7 @@ void makeLink(const QString &path, const QString &target)
     QFile::remove(path); // the link itself, when there is one
     // QFile::link would make the target absolute.
     if (symlink(QFile::encodeName(target).constData(), QFile::encodeName(path).constData()) != 0)
-        throw PlatformError::fromErrno(QStringLiteral("Could not link"), path, errno);
+        throw PlatformError::fromErrno(Action::Create, path, errno);
 }
 
 void copyExecutable(const QString &from, const QString &to)

@@ -25,6 +25,7 @@ struct FakeFileSystem final : FileSystem {
         Move, ///< noted with the target
         Remove,
     };
+    using Action = PlatformError::Action;
     struct Call {
         Operation operation{};
         QString path{};
@@ -80,12 +81,12 @@ struct FakeFileSystem final : FileSystem {
     }
     [[nodiscard]] QList<FileURL> contents(const FileURL &directory) const override
     {
-        noteOrFail(Operation::Contents, "Could not list", directory);
+        noteOrFail(Operation::Contents, Action::List, directory);
         return files.contents(directory);
     }
     [[nodiscard]] QList<DirectoryEntry> visibleEntries(const FileURL &directory) const override
     {
-        noteOrFail(Operation::VisibleEntries, "Could not list", directory);
+        noteOrFail(Operation::VisibleEntries, Action::List, directory);
         return files.visibleEntries(directory);
     }
     [[nodiscard]] std::optional<FileIdentity> identity(const FileURL &url) const override
@@ -95,32 +96,32 @@ struct FakeFileSystem final : FileSystem {
     }
     [[nodiscard]] QByteArray read(const FileURL &url) const override
     {
-        noteOrFail(Operation::Read, "Could not read", url);
+        noteOrFail(Operation::Read, Action::Read, url);
         return files.read(url);
     }
     void writeAtomically(const FileURL &url, std::span<const QByteArrayView> pieces) const override
     {
-        noteOrFail(Operation::Write, "Could not write", url);
+        noteOrFail(Operation::Write, Action::Write, url);
         files.writeAtomically(url, pieces);
     }
     void createDirectories(const FileURL &directory) const override
     {
-        noteOrFail(Operation::CreateDirectories, "Could not create", directory);
+        noteOrFail(Operation::CreateDirectories, Action::Create, directory);
         files.createDirectories(directory);
     }
     void copy(const FileURL &from, const FileURL &to) const override
     {
-        noteOrFail(Operation::Copy, "Could not copy", to);
+        noteOrFail(Operation::Copy, Action::Copy, to);
         files.copy(from, to);
     }
     void move(const FileURL &from, const FileURL &to) const override
     {
-        noteOrFail(Operation::Move, "Could not move", to);
+        noteOrFail(Operation::Move, Action::Move, to);
         files.move(from, to);
     }
     void remove(const FileURL &url) const override
     {
-        noteOrFail(Operation::Remove, "Could not remove", url);
+        noteOrFail(Operation::Remove, Action::Remove, url);
         files.remove(url);
     }
 
@@ -132,13 +133,12 @@ private:
             onCall(calls.constLast());
     }
 
-    void noteOrFail(Operation operation, const char *action, const FileURL &url) const
+    void noteOrFail(Operation operation, Action action, const FileURL &url) const
     {
         note(operation, url);
         for (const Failure &failure : failures) {
             if (failure.operation == operation && url.path().endsWith(failure.pathEnd)) {
-                throw PlatformError::fromErrno(QString::fromLatin1(action), url.path(),
-                                               failure.errorNumber);
+                throw PlatformError::fromErrno(action, url.path(), failure.errorNumber);
             }
         }
     }

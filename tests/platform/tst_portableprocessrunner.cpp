@@ -142,7 +142,7 @@ void PortableProcessRunnerTest::endsAHangingToolAndItsHelpers()
     } catch (const PlatformError &error) {
         reason = error.description();
     }
-    QCOMPARE(reason, QStringLiteral("“/bin/sh” did not finish in 0.3 seconds and was ended"));
+    QCOMPARE(reason, QStringLiteral("“/bin/sh” did not finish in 0.3 s and was ended"));
     QVERIFY(timer.elapsed() >= 300 && timer.elapsed() < 10'000);
     QFile file(note);
     QVERIFY(file.open(QIODevice::ReadOnly));
