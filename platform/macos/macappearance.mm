@@ -1,6 +1,6 @@
 #include "platform/macos/macappearance.h"
 
-#import <AppKit/AppKit.h>
+#include "platform/macos/appkitcolor.h"
 
 /// Tells of changes. The application's own appearance also changes with the system's colours.
 @interface CompanionAppearanceObserver : NSObject {
@@ -64,13 +64,8 @@ bool isDarkNow()
 QColor controlAccent()
 {
     __block QColor result;
-    [[NSApp effectiveAppearance] performAsCurrentDrawingAppearance:^{
-        NSColor *color =
-            [[NSColor controlAccentColor] colorUsingColorSpace:[NSColorSpace sRGBColorSpace]];
-        result = QColor::fromRgbF(static_cast<float>([color redComponent]),
-                                  static_cast<float>([color greenComponent]),
-                                  static_cast<float>([color blueComponent]));
-    }];
+    [[NSApp effectiveAppearance]
+        performAsCurrentDrawingAppearance:^{ result = colorFrom([NSColor controlAccentColor]); }];
     return result;
 }
 

@@ -1,52 +1,23 @@
 #include "platform/macos/maccolorpanel.h"
 
-#import <AppKit/AppKit.h>
+#include "platform/macos/appkitcolor.h"
+#include "platform/macos/notificationobserver.h"
 
 namespace {
 
-NSColor *nsColor(const QColor &color)
-{
-    return [NSColor colorWithSRGBRed:color.redF() green:color.greenF() blue:color.blueF() alpha:1];
-}
-
-// A pattern, for one, has no sRGB form.
-QColor colorFrom(NSColor *color)
-{
-    NSColor *converted = [color colorUsingColorSpace:[NSColorSpace sRGBColorSpace]];
-    if (!converted)
-        return {};
-    return QColor::fromRgbF(float([converted redComponent]), float([converted greenComponent]),
-                            float([converted blueComponent]));
-}
-
 class PanelObservation final : public ColorPanel::Observation {
 public:
-    explicit PanelObservation(std::function<void(const QColor &)> changed)
+    explicit PanelObservation(const std::function<void(const QColor &)> &changed)
+        : m_observer(NSColorPanelColorDidChangeNotification, [NSColorPanel sharedColorPanel],
+                     [changed](NSNotification *notification) {
+                         changed(
+                             colorFrom([static_cast<NSColorPanel *>([notification object]) color]));
+                     })
     {
-        @autoreleasepool {
-            auto handler = ^(NSNotification *notification) {
-                @autoreleasepool {
-                    changed(colorFrom([static_cast<NSColorPanel *>([notification object]) color]));
-                }
-            };
-            m_token = [[[NSNotificationCenter defaultCenter]
-                addObserverForName:NSColorPanelColorDidChangeNotification
-                            object:[NSColorPanel sharedColorPanel]
-                             queue:[NSOperationQueue mainQueue]
-                        usingBlock:handler] retain];
-        }
-    }
-
-    ~PanelObservation() override
-    {
-        @autoreleasepool {
-            [[NSNotificationCenter defaultCenter] removeObserver:m_token];
-            [m_token release];
-        }
     }
 
 private:
-    id m_token;
+    NotificationObserver m_observer;
 };
 
 } // namespace
@@ -73,5 +44,7 @@ void MacColorPanel::close()
 std::unique_ptr<ColorPanel::Observation>
 MacColorPanel::observe(std::function<void(const QColor &)> changed)
 {
-    return std::make_unique<PanelObservation>(std::move(changed));
+    @autoreleasepool {
+        return std::make_unique<PanelObservation>(changed);
+    }
 }

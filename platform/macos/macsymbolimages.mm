@@ -1,9 +1,8 @@
 #include "platform/symbolimages.h"
 
+#include "platform/macos/appkitcolor.h"
 #include "platform/macos/foundationtypes.h"
 #include "platform/macos/imagedrawing.h"
-
-#import <AppKit/AppKit.h>
 
 #include <algorithm>
 
@@ -23,14 +22,6 @@ NSFontWeight fontWeight(QFont::Weight weight)
            {QFont::Black, NSFontWeightBlack}};
     const auto *const found = std::ranges::lower_bound(weights, weight, {}, &Weight::ours);
     return found == std::end(weights) ? NSFontWeightBlack : found->theirs;
-}
-
-NSColor *nsColor(const QColor &color)
-{
-    return [NSColor colorWithSRGBRed:color.redF()
-                               green:color.greenF()
-                                blue:color.blueF()
-                               alpha:color.alphaF()];
 }
 
 NSImageSymbolConfiguration *configurationFor(const SymbolLook &look)

@@ -75,27 +75,30 @@ void PortableAppearance::watchFiles()
     }
 }
 
-QVariant PortableAppearance::value(const QString &domain, const QString &key) const
+QVariantMap PortableAppearance::values(const QString &domain) const
 {
     const FileURL file = fileOf(m_preferences, domain);
-    QVariant result;
+    QVariantMap values;
     ignoringErrors([&] {
         const PosixFileSystem files;
         if (files.exists(file))
-            result = parsePropertyList(files.read(file), file.path()).toMap().value(key);
+            values = parsePropertyList(files.read(file), file.path()).toMap();
     });
-    return result;
+    return values;
 }
 
 Appearance::Settings PortableAppearance::readSettings() const
 {
-    const QVariant style = value(globalDomain, QStringLiteral("AppleInterfaceStyle"));
+    const QVariantMap global = values(globalDomain);
+    const QVariant style = global.value(QStringLiteral("AppleInterfaceStyle"));
     const bool isDark
         = style.isValid() ? style.toString() == u"Dark" : m_desktop->settings().isDark;
-    return {.isDark = isDark,
-            .accent = accentColor(value(globalDomain, QStringLiteral("AppleAccentColor")), isDark),
-            .reducesMotion = value(universalAccessDomain, QStringLiteral("reduceMotion")).toBool()
-                || value(accessibilityDomain, QStringLiteral("ReduceMotionEnabled")).toBool()};
+    return {
+        .isDark = isDark,
+        .accent = accentColor(global.value(QStringLiteral("AppleAccentColor")), isDark),
+        .reducesMotion
+        = values(universalAccessDomain).value(QStringLiteral("reduceMotion")).toBool()
+            || values(accessibilityDomain).value(QStringLiteral("ReduceMotionEnabled")).toBool()};
 }
 
 void PortableAppearance::update()

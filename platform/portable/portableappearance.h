@@ -18,7 +18,7 @@ public:
 
 private:
     [[nodiscard]] Settings readSettings() const;
-    [[nodiscard]] QVariant value(const QString &domain, const QString &key) const;
+    [[nodiscard]] QVariantMap values(const QString &domain) const;
     void watchFiles();
     void update();
 

@@ -1,5 +1,6 @@
 #include "platform/portable/portableuserdefaults.h"
 
+#include "platform/binarypropertylist.h"
 #include "platform/error.h"
 #include "platform/posix/posixfilesystem.h"
 #include "platform/propertylist.h"
@@ -21,7 +22,7 @@ struct Domain {
 Domain parsedDomain(const QByteArray &bytes, const FileURL &file)
 {
     Domain domain;
-    if (!bytes.startsWith("bplist"))
+    if (!isBinaryPropertyList(bytes))
         domain.format = PropertyListFormat::XML;
     QVariant root;
     ignoringErrors([&] { root = parsePropertyList(bytes, file.path()); });
