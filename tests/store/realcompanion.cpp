@@ -1,6 +1,5 @@
 #include "tests/store/realcompanion.h"
 
-#include "platform/clock.h"
 #include "platform/directories.h"
 #include "platform/filesystem.h"
 #include "platform/mainbundle.h"
@@ -11,17 +10,20 @@
 
 namespace {
 
-Platform platformBelow(const QString &root)
+Platform platformBelow(const QString &root, std::unique_ptr<Clock> clock)
 {
     qputenv("NESTLET_COMPANION_ROOT", root.toUtf8());
     qputenv("NESTLET_COMPANION_FEED", "http://127.0.0.1:9/feed.json"); // nobody answers there
-    return makePlatform();
+    Platform platform = makePlatform();
+    if (clock)
+        platform.clock = std::move(clock);
+    return platform;
 }
 
 } // namespace
 
-RealCompanion::RealCompanion(const QString &root)
-    : platform(platformBelow(root))
+RealCompanion::RealCompanion(const QString &root, std::unique_ptr<Clock> clock)
+    : platform(platformBelow(root, std::move(clock)))
     , engine(platform, EventTurns::Start::AtOnce)
 {
 }
