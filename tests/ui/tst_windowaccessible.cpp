@@ -26,9 +26,11 @@ namespace {
 bool isControl(QAccessible::Role role)
 {
     static const QList<QAccessible::Role> roles{
-        QAccessible::Button,   QAccessible::ListItem,     QAccessible::List,
-        QAccessible::MenuItem, QAccessible::EditableText, QAccessible::CheckBox,
-        QAccessible::Dialog,   QAccessible::StaticText,   QAccessible::Heading};
+        QAccessible::Button,      QAccessible::ListItem,     QAccessible::List,
+        QAccessible::MenuItem,    QAccessible::EditableText, QAccessible::CheckBox,
+        QAccessible::RadioButton, QAccessible::Slider,       QAccessible::Grouping,
+        QAccessible::ProgressBar, QAccessible::Dialog,       QAccessible::StaticText,
+        QAccessible::Heading};
     return roles.contains(role);
 }
 
