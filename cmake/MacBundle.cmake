@@ -5,7 +5,6 @@ set(COMPANION_BUNDLE_NAME "Nestlet Companion")
 set(COMPANION_BUNDLE_IDENTIFIER "qx.Nestlet.Companion")
 set(COMPANION_BUNDLE_TEMPLATE "${CMAKE_SOURCE_DIR}/packaging/macos/Info.plist.in")
 set(COMPANION_BUNDLE_ICON "${CMAKE_SOURCE_DIR}/packaging/icon/nestlet-companion.icns")
-set(COMPANION_MACOS_MINIMUM "12.0")
 
 # Makes `target` an app bundle with icon and Info.plist. Does nothing on other systems.
 function(companion_mac_bundle target)
