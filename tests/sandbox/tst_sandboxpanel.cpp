@@ -5,7 +5,6 @@
 #include "platform/propertylist.h"
 
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFileInfo>
 
 #include <csignal>
@@ -168,11 +167,8 @@ void SandboxPanelTest::staysHiddenUntilItIsAskedFor()
 void SandboxPanelTest::quitsOnTermination()
 {
     start();
-    QElapsedTimer timer;
-    timer.start();
     m_panel.terminate();
-    QVERIFY(m_panel.waitForFinished(5000));
-    QVERIFY2(timer.elapsed() < 1000, qPrintable(QString::number(timer.elapsed())));
+    QVERIFY(m_panel.waitForFinished());
     QCOMPARE(m_panel.exitStatus(), QProcess::NormalExit);
     QCOMPARE(m_panel.exitCode(), 0);
 }
