@@ -1,5 +1,7 @@
 #include "bench/ratios.h"
 
+#include "bench/monotonic.h"
+
 #include <algorithm>
 #include <array>
 #include <cstdio>
@@ -7,20 +9,9 @@
 #include <iostream>
 #include <iterator>
 
-#include <ctime>
-
 namespace {
 
 using Seconds = std::vector<double>; // one per round
-
-double median(std::vector<double> values)
-{
-    if (values.empty())
-        return 0;
-    const auto middle = values.begin() + std::ssize(values) / 2;
-    std::ranges::nth_element(values, middle);
-    return *middle;
-}
 
 double medianRatio(const Seconds &of, const Seconds &to)
 {
@@ -31,9 +22,7 @@ double medianRatio(const Seconds &of, const Seconds &to)
 
 double now(Timing timing)
 {
-    timespec time{};
-    clock_gettime(timing == Timing::Wall ? CLOCK_MONOTONIC : CLOCK_THREAD_CPUTIME_ID, &time);
-    return double(time.tv_sec) + double(time.tv_nsec) * 1e-9;
+    return monotonicSeconds(timing == Timing::Wall ? CLOCK_MONOTONIC : CLOCK_THREAD_CPUTIME_ID);
 }
 
 double secondsOf(const Variant &variant, const Work &work)
@@ -175,6 +164,15 @@ void registerFigure(const std::string &name, std::function<double()> measure,
 }
 
 } // namespace
+
+double median(std::vector<double> values)
+{
+    if (values.empty())
+        return 0;
+    const auto middle = values.begin() + std::ssize(values) / 2;
+    std::ranges::nth_element(values, middle);
+    return *middle;
+}
 
 void Ratios::addFigure(std::string name, double goal, std::function<double()> measure)
 {

@@ -6,6 +6,9 @@
 #include <string>
 #include <vector>
 
+/// 0 when there are none.
+[[nodiscard]] double median(std::vector<double> values);
+
 /// One way to do a piece of work. Only `run` is timed.
 struct Variant {
     std::string name{};

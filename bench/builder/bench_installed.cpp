@@ -1,6 +1,7 @@
 // Which of 500 folders are installed?
 
 #include "bench/ratios.h"
+#include "bench/require.h"
 #include "builder/infoplist.h"
 #include "builder/proxydirectory.h"
 #include "model/uuidtext.h"
@@ -13,7 +14,6 @@
 #include <unistd.h>
 
 #include <array>
-#include <cstdlib>
 
 namespace {
 
@@ -73,12 +73,6 @@ private:
     QList<QUuid> m_folderIDs;
     QList<QByteArray> m_infoPlistPaths;
 };
-
-void require(bool condition)
-{
-    if (!condition)
-        std::abort(); // a wrong answer has no speed
-}
 
 void openReadAndClose(const QList<QByteArray> &paths)
 {

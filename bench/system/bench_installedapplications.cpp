@@ -1,4 +1,5 @@
 #include "bench/ratios.h"
+#include "bench/require.h"
 #include "bench/system/applicationtree.h"
 #include "platform/posix/posixfilesystem.h"
 #include "system/installedapplications.h"
@@ -13,7 +14,6 @@
 #include <unistd.h>
 
 #include <array>
-#include <cstdlib>
 
 namespace {
 
@@ -62,14 +62,6 @@ QList<qsizetype> matchesByContains(const QStringList &names, const QString &text
             positions.append(i);
     }
     return positions;
-}
-
-void require(bool claim, const char *text)
-{
-    if (claim)
-        return;
-    qCritical("The variants disagree: %s", text);
-    std::exit(EXIT_FAILURE);
 }
 
 Work scanWork(const ApplicationTree &tree, const FileSystem &files)

@@ -1,11 +1,13 @@
+#include "bench/monotonic.h"
 #include "bench/ratios.h"
+#include "bench/require.h"
+#include "bench/ui/windowitems.h"
 #include "tests/fakes/fakeworkspace.h"
 #include "ui/applicationscan.h"
 #include "ui/imageproviders.h"
 #include "ui/picturestore.h"
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QQmlApplicationEngine>
@@ -14,8 +16,6 @@
 #include <QRandomGenerator>
 
 #include <algorithm>
-#include <cstdlib>
-#include <ctime>
 
 namespace {
 
@@ -40,14 +40,6 @@ const QByteArray windowText = R"(
         }
     }
 )";
-
-void require(bool claim, const char *text)
-{
-    if (claim)
-        return;
-    qCritical("It cannot be measured: %s", text);
-    std::exit(EXIT_FAILURE);
-}
 
 // One or two words of a few syllables and a number, so that every search finds some.
 QStringList applicationNames()
@@ -77,24 +69,6 @@ QList<FileURL> applicationURLs(const QStringList &names)
     return urls;
 }
 
-QQuickItem *findItem(QQuickItem *root, QLatin1StringView objectName)
-{
-    if (root->objectName() == objectName)
-        return root;
-    for (QQuickItem *child : root->childItems()) {
-        if (QQuickItem *found = findItem(child, objectName))
-            return found;
-    }
-    return nullptr;
-}
-
-double processorTime()
-{
-    timespec time{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-    return double(time.tv_sec) + double(time.tv_nsec) * 1e-9;
-}
-
 /// The open sheet over 5,000 applications, in a window of its own.
 class Sheet {
 public:
@@ -109,7 +83,7 @@ public:
         m_window = qobject_cast<QQuickWindow *>(m_engine.rootObjects().constFirst());
         m_window->requestActivate();
         QObject::connect(m_window, &QQuickWindow::frameSwapped, [this] { ++m_frames; });
-        settle();
+        settle(openingTime);
         m_field = findItem(m_window->contentItem(), QLatin1StringView("appSearchField"));
         m_grid = findItem(m_window->contentItem(), QLatin1StringView("appGrid"));
         require(m_field && m_field->hasActiveFocus(), "the search has no focus");
@@ -121,7 +95,7 @@ public:
     void search(const QString &text)
     {
         m_field->setProperty("text", text);
-        settle();
+        settle(searchTime);
     }
 
     /// A keystroke, up to the grid whose cells are made, filled and placed.
@@ -135,24 +109,17 @@ public:
     /// A keystroke, up to the painted frame. Returns the time that the thread works for it.
     [[nodiscard]] double typeAndPaint(QChar character)
     {
-        const double begin = processorTime();
+        const double begin = monotonicSeconds(CLOCK_THREAD_CPUTIME_ID);
         type(character);
         for (const int frames = m_frames; m_frames == frames;)
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        return processorTime() - begin;
+        return monotonicSeconds(CLOCK_THREAD_CPUTIME_ID) - begin;
     }
 
 private:
-    // Long enough for the sheet's motion and for the icons.
-    static void settle()
-    {
-        QElapsedTimer timer;
-        for (timer.start(); timer.elapsed() < (s_isSettled ? 30 : 1000);)
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
-        s_isSettled = true;
-    }
+    static constexpr int openingTime = 1000; // the sheet's motion, and the icons
+    static constexpr int searchTime = 30;
 
-    static inline bool s_isSettled = false;
     FakeWorkspace m_workspace;
     PictureStore m_pictures;
     ApplicationScan m_scan;
@@ -198,8 +165,7 @@ double framesPerKeystroke(Sheet &sheet, const QString &text)
         sheet.search(text.chopped(1));
         times.push_back(sheet.typeAndPaint(text.back()) / frame);
     }
-    std::ranges::sort(times);
-    return times.at(times.size() / 2);
+    return median(times);
 }
 
 } // namespace

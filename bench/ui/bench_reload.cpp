@@ -1,10 +1,11 @@
 // What the window takes, beyond the decoding, to show a folder that another program has changed.
 
+#include "bench/monotonic.h"
 #include "bench/ratios.h"
+#include "bench/require.h"
 #include "bench/ui/companionwindow.h"
 #include "bench/ui/librarymac.h"
-#include "bench/ui/monotonic.h"
-#include "bench/ui/require.h"
+#include "bench/ui/windowitems.h"
 #include "model/libraryfile.h"
 #include "platform/directories.h"
 #include "platform/filesystem.h"

@@ -1,10 +1,11 @@
 // What a frame takes of the main thread while 2,000 items scroll.
 
+#include "bench/monotonic.h"
 #include "bench/ratios.h"
+#include "bench/require.h"
 #include "bench/ui/companionwindow.h"
 #include "bench/ui/librarymac.h"
-#include "bench/ui/monotonic.h"
-#include "bench/ui/require.h"
+#include "bench/ui/windowitems.h"
 
 #include <QGuiApplication>
 #include <QQuickItem>

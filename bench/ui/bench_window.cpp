@@ -1,9 +1,9 @@
 // What the program takes to open its window, to keep it open and to do nothing, seen from outside.
 
 #include "bench/ratios.h"
+#include "bench/require.h"
 #include "bench/ui/editorhome.h"
 #include "bench/ui/librarymac.h"
-#include "bench/ui/require.h"
 #include "bench/ui/shownprogram.h"
 
 #include <QThread>
@@ -97,12 +97,6 @@ ProgramCall quickCall(const char *path, const LibraryMac &mac, const char *backe
     return {.path = path,
             .environment = commonEnvironment() + mac.environment()
                 + QList<QByteArray>{QByteArray("QT_QUICK_BACKEND=") + backend}};
-}
-
-double median(std::vector<double> values)
-{
-    std::ranges::sort(values);
-    return values[values.size() / 2];
 }
 
 // Beyond the memory of the minimal window: what the pictures in view take, every row's and the

@@ -1,28 +1,12 @@
 #include "bench/ui/companionwindow.h"
 
-#include "bench/ui/require.h"
+#include "bench/require.h"
+#include "bench/ui/windowitems.h"
 #include "platform/appearance.h"
 #include "ui/imageproviders.h"
 #include "ui/systemappearance.h"
 
-#include <QElapsedTimer>
 #include <QGuiApplication>
-#include <QQuickItem>
-
-namespace {
-
-QQuickItem *findItem(QQuickItem *root, QLatin1StringView objectName)
-{
-    if (root->objectName() == objectName)
-        return root;
-    for (QQuickItem *child : root->childItems()) {
-        if (QQuickItem *found = findItem(child, objectName))
-            return found;
-    }
-    return nullptr;
-}
-
-} // namespace
 
 CompanionWindow::CompanionWindow()
     : m_platform(makePlatform())
@@ -45,11 +29,4 @@ QQuickItem *CompanionWindow::item(const char *objectName) const
     QQuickItem *found = findItem(m_window->contentItem(), QLatin1StringView(objectName));
     require(found, objectName);
     return found;
-}
-
-void settle(int milliseconds)
-{
-    QElapsedTimer timer;
-    for (timer.start(); timer.elapsed() < milliseconds;)
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
 }

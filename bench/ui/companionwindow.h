@@ -28,6 +28,3 @@ private:
     QQmlApplicationEngine m_engine;
     QQuickWindow *m_window = nullptr;
 };
-
-/// Lets a window do what it has to do.
-void settle(int milliseconds);

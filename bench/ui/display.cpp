@@ -1,6 +1,6 @@
 #include "bench/ui/display.h"
 
-#include "bench/ui/require.h"
+#include "bench/require.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include "bench/ui/editorhome.h"
 
-#include "bench/ui/require.h"
+#include "bench/require.h"
 
 #include <QDir>
 #include <QFile>

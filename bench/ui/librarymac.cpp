@@ -1,6 +1,6 @@
 #include "bench/ui/librarymac.h"
 
-#include "bench/ui/require.h"
+#include "bench/require.h"
 #include "model/libraryjson.h"
 #include "model/nestlet.h"
 #include "tests/librarygenerator.h"

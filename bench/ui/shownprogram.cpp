@@ -1,7 +1,7 @@
 #include "bench/ui/shownprogram.h"
 
-#include "bench/ui/monotonic.h"
-#include "bench/ui/require.h"
+#include "bench/monotonic.h"
+#include "bench/require.h"
 
 #include <QDir>
 #include <QFile>

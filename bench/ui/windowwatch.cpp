@@ -1,7 +1,7 @@
 #include "bench/ui/windowwatch.h"
 
-#include "bench/ui/monotonic.h"
-#include "bench/ui/require.h"
+#include "bench/monotonic.h"
+#include "bench/require.h"
 
 #include <poll.h>
 
