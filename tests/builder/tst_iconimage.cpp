@@ -1,6 +1,6 @@
 #include "builder/iconimage.h"
+#include "tests/pictures.h"
 
-#include <QBuffer>
 #include <QColorSpace>
 #include <QFile>
 #include <QImageWriter>
@@ -22,15 +22,6 @@ QImage twoHalves(int width, int height)
 QImage decoded(const std::optional<QByteArray> &png)
 {
     return QImage::fromData(png.value_or(QByteArray()), "PNG");
-}
-
-QByteArray encoded(const QImage &image, const char *format)
-{
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, format);
-    return bytes;
 }
 
 // A JPEG's second marker: "turn a quarter clockwise to see it upright".

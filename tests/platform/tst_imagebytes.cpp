@@ -1,20 +1,15 @@
 #include "platform/qt/imagebytes.h"
+#include "tests/pictures.h"
 
-#include <QBuffer>
 #include <QFile>
 #include <QRegularExpression>
 #include <QTest>
 
 namespace {
 
-QByteArray encoded(const char *format)
+QByteArray redIn(const char *format)
 {
-    QImage image(12, 8, QImage::Format_RGB32);
-    image.fill(Qt::red);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    image.save(&buffer, format);
-    return bytes;
+    return encoded(filledImage(Qt::red, {12, 8}), format);
 }
 
 // What of the toolkit's plugins this process has loaded.
@@ -60,7 +55,7 @@ void ImageBytesTest::readsPicturesOfManyKinds_data()
 {
     QTest::addColumn<QByteArray>("bytes");
     for (const char *format : {"png", "jpeg", "bmp", "tiff"})
-        QTest::newRow(format) << encoded(format);
+        QTest::newRow(format) << redIn(format);
 }
 
 void ImageBytesTest::readsPicturesOfManyKinds()
@@ -76,7 +71,7 @@ void ImageBytesTest::readsNothingFromOtherBytes_data()
     QTest::addColumn<QByteArray>("bytes");
     QTest::newRow("none") << QByteArray();
     QTest::newRow("a text") << QByteArrayLiteral("No picture at all");
-    QTest::newRow("the start of a PNG alone") << encoded("png").first(8);
+    QTest::newRow("the start of a PNG alone") << redIn("png").first(8);
 }
 
 void ImageBytesTest::readsNothingFromOtherBytes()

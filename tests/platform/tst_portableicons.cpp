@@ -2,9 +2,9 @@
 #include "platform/portable/fileicon.h"
 #include "platform/portable/iconfile.h"
 #include "platform/portable/iconplanes.h"
+#include "tests/pictures.h"
 #include "tests/platform/standinapplications.h"
 
-#include <QBuffer>
 #include <QDir>
 #include <QFile>
 #include <QTest>
@@ -14,24 +14,9 @@ namespace {
 
 using Elements = QList<std::pair<QByteArray, QByteArray>>;
 
-QImage picture(const QColor &color, const QSize &size)
-{
-    QImage image(size, QImage::Format_ARGB32);
-    image.fill(color);
-    return image;
-}
-
-QByteArray encoded(const QColor &color, const QSize &size, const char *format = "PNG")
-{
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    picture(color, size).save(&buffer, format);
-    return bytes;
-}
-
 QByteArray png(const QColor &color, int side)
 {
-    return encoded(color, {side, side});
+    return pngOf(color, {side, side});
 }
 
 QByteArray element(const QByteArray &type, const QByteArray &content)
@@ -354,7 +339,7 @@ void PortableIconsTest::anIconIsScaledToFit()
     const FileURL bundle
         = m_mac.make(QStringLiteral("/Wide.app"),
                      {{QStringLiteral("CFBundleIconFile"), QStringLiteral("Wide.png")}}, "");
-    write(QStringLiteral("/Wide.app/Contents/Resources/Wide.png"), encoded(Qt::red, {200, 100}));
+    write(QStringLiteral("/Wide.app/Contents/Resources/Wide.png"), pngOf(Qt::red, {200, 100}));
     const QImage icon = fileIcon(bundle, 50);
     QCOMPARE(icon.size(), QSize(50, 50));
     QCOMPARE(middle(icon), QColor(Qt::red));
@@ -367,10 +352,11 @@ void PortableIconsTest::picturesAreShownThemselves_data()
 {
     QTest::addColumn<QString>("path");
     QTest::addColumn<QByteArray>("bytes");
-    QTest::newRow("png") << QStringLiteral("/photo.png") << encoded(Qt::red, {300, 200});
-    QTest::newRow("small") << QStringLiteral("/small.png") << encoded(Qt::red, {4, 3});
-    QTest::newRow("narrow") << QStringLiteral("/narrow.png") << encoded(Qt::red, {3000, 600});
-    QTest::newRow("bmp") << QStringLiteral("/photo.bmp") << encoded(Qt::red, {300, 200}, "BMP");
+    QTest::newRow("png") << QStringLiteral("/photo.png") << pngOf(Qt::red, {300, 200});
+    QTest::newRow("small") << QStringLiteral("/small.png") << pngOf(Qt::red, {4, 3});
+    QTest::newRow("narrow") << QStringLiteral("/narrow.png") << pngOf(Qt::red, {3000, 600});
+    QTest::newRow("bmp") << QStringLiteral("/photo.bmp")
+                         << encoded(filledImage(Qt::red, {300, 200}), "BMP");
 }
 
 void PortableIconsTest::picturesAreShownThemselves()

@@ -85,6 +85,20 @@ void StoreFixture::writeLibraryBytes(const QByteArray &bytes) const
     writeFile(folderLibrary.url(), bytes, files.files);
 }
 
+void StoreFixture::startWith(const QList<DockFolder> &folders)
+{
+    writeLibrary(folders);
+    store->start();
+    finishEverything();
+}
+
+void StoreFixture::changeFromOutside(const QList<DockFolder> &folders)
+{
+    writeLibrary(folders);
+    watcher.change();
+    finishEverything();
+}
+
 QByteArray StoreFixture::libraryBytes() const
 {
     return files.files.read(folderLibrary.url());

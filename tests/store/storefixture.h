@@ -46,6 +46,10 @@ struct StoreFixture : FakePlatform {
     /// Writes the library file, as another program would.
     void writeLibrary(const QList<DockFolder> &folders) const;
     void writeLibraryBytes(const QByteArray &bytes) const;
+    /// Starts the store over this library, and runs to the end what that begins.
+    void startWith(const QList<DockFolder> &folders);
+    /// Another program writes the library while the store watches it.
+    void changeFromOutside(const QList<DockFolder> &folders);
     /// What the library file holds; nothing when it holds no library.
     [[nodiscard]] std::optional<DockFolderLibrary> savedLibrary() const;
     [[nodiscard]] QByteArray libraryBytes() const;

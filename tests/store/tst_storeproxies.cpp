@@ -55,9 +55,7 @@ private:
     DockFolder first() { return store().folders().first(); }
     void startWith(const QList<DockFolder> &folders)
     {
-        m_fixture->writeLibrary(folders);
-        store().start();
-        m_fixture->finishEverything();
+        m_fixture->startWith(folders);
         m_fixture->workspace.opened.clear();
         m_fixture->workspace.completions.clear();
     }

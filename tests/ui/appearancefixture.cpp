@@ -41,38 +41,7 @@ void collectChecked(QAccessibleInterface *root, QStringList &names)
         collectChecked(root->child(index), names);
 }
 
-bool isShown(const QAccessibleInterface *interface)
-{
-    const auto *const item = qobject_cast<QQuickItem *>(interface->object());
-    return !item || item->isVisible();
-}
-
 } // namespace
-
-QAccessibleInterface *accessibleChild(QAccessibleInterface *root, QAccessible::Role role,
-                                      const QString &name)
-{
-    if (!root || !isShown(root))
-        return nullptr;
-    if (root->role() == role && root->text(QAccessible::Name) == name)
-        return root;
-    for (int index = 0; index < root->childCount(); ++index) {
-        if (QAccessibleInterface *found = accessibleChild(root->child(index), role, name))
-            return found;
-    }
-    return nullptr;
-}
-
-QQuickItem *childNamed(QQuickItem *root, const char *objectName)
-{
-    if (root->objectName() == QLatin1StringView(objectName))
-        return root;
-    for (QQuickItem *child : root->childItems()) {
-        if (QQuickItem *found = childNamed(child, objectName))
-            return found;
-    }
-    return nullptr;
-}
 
 AppearanceFixture::AppearanceFixture()
 {
@@ -88,9 +57,7 @@ AppearanceFixture::~AppearanceFixture()
 
 bool AppearanceFixture::open(const QList<DockFolder> &folders)
 {
-    writeLibrary(folders);
-    store->start();
-    finishEverything();
+    startWith(folders);
     model = std::make_unique<FolderDetailModel>(*store, pictures);
     model->setFolder(folders.first().id);
     panels = std::make_unique<SystemPanels>(platform);

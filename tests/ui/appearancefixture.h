@@ -1,13 +1,12 @@
 #pragma once
 
 #include "tests/store/storefixture.h"
+#include "tests/ui/itemtree.h"
 #include "ui/folderdetailmodel.h"
 #include "ui/picturestore.h"
 #include "ui/systempanels.h"
 
-#include <QAccessible>
 #include <QQmlEngine>
-#include <QQuickItem>
 #include <QQuickWindow>
 #include <QTest>
 
@@ -40,7 +39,3 @@ struct AppearanceFixture : StoreFixture {
     std::unique_ptr<QQuickWindow> window;
     QQuickItem *section = nullptr;
 };
-
-[[nodiscard]] QAccessibleInterface *accessibleChild(QAccessibleInterface *root,
-                                                    QAccessible::Role role, const QString &name);
-[[nodiscard]] QQuickItem *childNamed(QQuickItem *root, const char *objectName);

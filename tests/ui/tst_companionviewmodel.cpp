@@ -44,9 +44,7 @@ void CompanionViewModelTest::init()
 {
     QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
     m_fixture = std::make_unique<StoreFixture>();
-    m_fixture->writeLibrary({m_a, m_b});
-    store().start();
-    m_fixture->finishEverything();
+    m_fixture->startWith({m_a, m_b});
     m_model = std::make_unique<CompanionViewModel>(store(), m_pictures);
 }
 
@@ -125,9 +123,7 @@ void CompanionViewModelTest::removingAnotherFolderKeepsTheSelection()
 void CompanionViewModelTest::losingTheSelectedFolderFromOutsideSelectsTheFirst()
 {
     select(m_b.id);
-    m_fixture->writeLibrary({m_a});
-    m_fixture->watcher.change();
-    m_fixture->finishEverything();
+    m_fixture->changeFromOutside({m_a});
     QCOMPARE(m_model->selection(), uuidText(m_a.id));
 }
 

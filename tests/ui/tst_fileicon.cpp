@@ -1,11 +1,11 @@
 #include "model/dockfolder.h"
 #include "platform/workspace.h"
+#include "tests/pictures.h"
 #include "ui/icongrid.h"
 #include "ui/imageproviders.h"
 #include "ui/loadedpicture.h"
 #include "ui/picturestore.h"
 
-#include <QBuffer>
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickWindow>
@@ -47,16 +47,6 @@ struct SlowWorkspace final : Workspace {
 QString urlOf(const char *name)
 {
     return QStringLiteral("file:///icons/%1.app").arg(QLatin1StringView(name));
-}
-
-QByteArray pngOf(const QColor &color)
-{
-    QImage image(256, 256, QImage::Format_RGB32);
-    image.fill(color);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    image.save(&buffer, "PNG");
-    return bytes;
 }
 
 const QColor background = Qt::white;

@@ -42,9 +42,7 @@ void FolderDetailCommandsTest::init()
 {
     QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
     m_fixture = std::make_unique<StoreFixture>();
-    m_fixture->writeLibrary({m_folder, m_other});
-    store().start();
-    m_fixture->finishEverything();
+    m_fixture->startWith({m_folder, m_other});
     m_model = std::make_unique<FolderDetailModel>(store(), m_pictures);
     m_model->setFolder(m_folder.id);
 }

@@ -45,9 +45,7 @@ void FolderDetailModelTest::init()
 {
     QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
     m_fixture = std::make_unique<StoreFixture>();
-    m_fixture->writeLibrary({m_folder, m_other});
-    store().start();
-    m_fixture->finishEverything();
+    m_fixture->startWith({m_folder, m_other});
     m_model = std::make_unique<FolderDetailModel>(store(), m_pictures);
     m_model->setFolder(m_folder.id);
 }
@@ -174,9 +172,7 @@ void FolderDetailModelTest::followsAChangeFromOutside()
     DockFolder renamed = m_folder;
     renamed.name = QStringLiteral("Office");
     const QSignalSpy otherFolder(m_model.get(), &FolderDetailModel::folderIDChanged);
-    m_fixture->writeLibrary({renamed, m_other});
-    m_fixture->watcher.change();
-    m_fixture->finishEverything();
+    m_fixture->changeFromOutside({renamed, m_other});
     QCOMPARE(m_model->name(), QStringLiteral("Office"));
     QCOMPARE(otherFolder.count(), 0);
 }

@@ -1,11 +1,12 @@
 #include "tests/fakes/fakeappearance.h"
 #include "tests/fakes/fakeworkspace.h"
+#include "tests/pictures.h"
 #include "tests/store/storefixture.h"
+#include "tests/ui/itemtree.h"
 #include "ui/imageproviders.h"
 #include "ui/picturestore.h"
 #include "ui/systemappearance.h"
 
-#include <QBuffer>
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickItem>
@@ -67,29 +68,6 @@ Window {
     }
 }
 )";
-
-QByteArray pngOf(const QColor &color)
-{
-    QImage image(64, 64, QImage::Format_RGB32);
-    image.fill(color);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    image.save(&buffer, "PNG");
-    return bytes;
-}
-
-QQuickItem *descendant(QQuickItem *root, const std::function<bool(const QQuickItem *)> &matches)
-{
-    if (!root->isVisible())
-        return nullptr;
-    if (matches(root))
-        return root;
-    for (QQuickItem *child : root->childItems()) {
-        if (QQuickItem *found = descendant(child, matches))
-            return found;
-    }
-    return nullptr;
-}
 
 } // namespace
 
@@ -174,14 +152,16 @@ QQuickItem *FolderIconTest::icon() const
 QQuickItem *FolderIconTest::symbol(const QString &name) const
 {
     return descendant(icon(), [&](const QQuickItem *item) {
-        return item->inherits("SymbolItem") && item->property("name").toString() == name;
+        return item->isVisible() && item->inherits("SymbolItem")
+            && item->property("name").toString() == name;
     });
 }
 
 QQuickItem *FolderIconTest::itemGrid() const
 {
-    return descendant(icon(),
-                      [](const QQuickItem *item) { return item->inherits("ItemIconGrid"); });
+    return descendant(icon(), [](const QQuickItem *item) {
+        return item->isVisible() && item->inherits("ItemIconGrid");
+    });
 }
 
 QColor FolderIconTest::pixel(int x, int y) const

@@ -48,9 +48,7 @@ void FolderListCommandsTest::init()
 {
     QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
     m_fixture = std::make_unique<StoreFixture>();
-    m_fixture->writeLibrary({m_a, m_b, m_c});
-    m_fixture->store->start();
-    m_fixture->finishEverything();
+    m_fixture->startWith({m_a, m_b, m_c});
     m_model = std::make_unique<FolderListModel>(*m_fixture->store, m_pictures);
     m_changes = std::make_unique<ModelChanges>(*m_model);
 }

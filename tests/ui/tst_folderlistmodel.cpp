@@ -58,18 +58,14 @@ void FolderListModelTest::cleanup()
 
 void FolderListModelTest::startWith(const QList<DockFolder> &folders)
 {
-    m_fixture->writeLibrary(folders);
-    store().start();
-    m_fixture->finishEverything();
+    m_fixture->startWith(folders);
     m_model = std::make_unique<FolderListModel>(store(), m_pictures);
     m_changes = std::make_unique<ModelChanges>(*m_model);
 }
 
 void FolderListModelTest::changeFromOutside(const QList<DockFolder> &folders)
 {
-    m_fixture->writeLibrary(folders);
-    m_fixture->watcher.change();
-    m_fixture->finishEverything();
+    m_fixture->changeFromOutside(folders);
 }
 
 void FolderListModelTest::listsTheLibrarysFoldersInItsOrder()

@@ -1,29 +1,14 @@
 #include "model/dockfolder.h"
 #include "model/uuidtext.h"
+#include "tests/pictures.h"
 #include "ui/pictureprovider.h"
 #include "ui/picturestore.h"
 
-#include <QBuffer>
 #include <QRegularExpression>
 #include <QSet>
 #include <QTest>
 
 namespace {
-
-QByteArray pngOf(const QImage &image)
-{
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    image.save(&buffer, "PNG");
-    return bytes;
-}
-
-QByteArray picture(const QColor &color, const QSize &size = {256, 256})
-{
-    QImage image(size, QImage::Format_ARGB32_Premultiplied);
-    image.fill(color);
-    return pngOf(image);
-}
 
 DockFolder folderWith(const QByteArray &bytes)
 {
@@ -61,7 +46,7 @@ void PictureStoreTest::init()
 
 void PictureStoreTest::aFolderWithoutPictureHasNoSource()
 {
-    DockFolder folder = folderWith(picture(Qt::red));
+    DockFolder folder = folderWith(pngOf(Qt::red));
     QVERIFY(!m_pictures.pictureSource(folder).isEmpty());
     folder.customIconData = QByteArray();
     QCOMPARE(m_pictures.pictureSource(folder), QString());
@@ -71,7 +56,7 @@ void PictureStoreTest::aFolderWithoutPictureHasNoSource()
 
 void PictureStoreTest::theSourceStaysWhileThePictureDoes()
 {
-    DockFolder folder = folderWith(picture(Qt::red));
+    DockFolder folder = folderWith(pngOf(Qt::red));
     const QString source = m_pictures.pictureSource(folder);
     QVERIFY2(source.startsWith(uuidText(folder.id) + u'/'), qPrintable(source));
     folder.name = QStringLiteral("Renamed");
@@ -82,15 +67,15 @@ void PictureStoreTest::theSourceStaysWhileThePictureDoes()
 
 void PictureStoreTest::anotherPictureHasASourceOfItsOwn()
 {
-    DockFolder folder = folderWith(picture(Qt::red));
+    DockFolder folder = folderWith(pngOf(Qt::red));
     QSet<QString> sources{m_pictures.pictureSource(folder)};
     for (const Qt::GlobalColor color : {Qt::green, Qt::blue, Qt::red}) {
-        folder.customIconData = picture(color);
+        folder.customIconData = pngOf(color);
         sources.insert(m_pictures.pictureSource(folder));
     }
     folder.customIconData.reset();
     QCOMPARE(m_pictures.pictureSource(folder), QString());
-    folder.customIconData = picture(Qt::red); // removed and given again
+    folder.customIconData = pngOf(Qt::red); // removed and given again
     sources.insert(m_pictures.pictureSource(folder));
     QCOMPARE(sources.size(), 5);
     QCOMPARE(m_pictures.bytes(m_pictures.pictureSource(folder)), *folder.customIconData);
@@ -98,8 +83,8 @@ void PictureStoreTest::anotherPictureHasASourceOfItsOwn()
 
 void PictureStoreTest::picturesOfFoldersThatAreGoneAreLetGo()
 {
-    const DockFolder stays = folderWith(picture(Qt::red));
-    const DockFolder goes = folderWith(picture(Qt::red));
+    const DockFolder stays = folderWith(pngOf(Qt::red));
+    const DockFolder goes = folderWith(pngOf(Qt::red));
     const QString staying = m_pictures.pictureSource(stays);
     const QString going = m_pictures.pictureSource(goes);
     m_pictures.keepOnly({folderWith({}), stays});
@@ -113,7 +98,7 @@ void PictureStoreTest::picturesOfFoldersThatAreGoneAreLetGo()
 
 void PictureStoreTest::theBytesAreShared()
 {
-    const DockFolder folder = folderWith(picture(Qt::red));
+    const DockFolder folder = folderWith(pngOf(Qt::red));
     const QByteArray bytes = m_pictures.bytes(m_pictures.pictureSource(folder));
     QCOMPARE(static_cast<const void *>(bytes.constData()),
              static_cast<const void *>(folder.customIconData->constData()));
@@ -131,7 +116,7 @@ void PictureStoreTest::unknownSourcesHaveNoBytes_data()
 void PictureStoreTest::unknownSourcesHaveNoBytes()
 {
     QFETCH(QString, id);
-    static_cast<void>(m_pictures.pictureSource(folderWith(picture(Qt::red))));
+    static_cast<void>(m_pictures.pictureSource(folderWith(pngOf(Qt::red))));
     QCOMPARE(m_pictures.bytes(id), QByteArray());
 }
 
@@ -155,14 +140,14 @@ void PictureStoreTest::picturesAreDecodedAtTheSizeTheyAreShownAt()
 {
     QFETCH(QSize, source);
     QFETCH(QSize, wanted);
-    const QImage image = decodedPicture(picture(Qt::red, source), wanted);
+    const QImage image = decodedPicture(pngOf(Qt::red, source), wanted);
     QTEST(image.size(), "expected");
     QCOMPARE(image.pixelColor(image.rect().center()), QColor(Qt::red));
 }
 
 void PictureStoreTest::cornersAreRoundWhereAskedFor()
 {
-    const QImage wide = decodedPicture(picture(Qt::red, {400, 200}), {40, 40});
+    const QImage wide = decodedPicture(pngOf(Qt::red, {400, 200}), {40, 40});
     const QImage rounded = roundedPicture(wide, 0.22);
     QCOMPARE(rounded.size(), QSize(40, 40));
     QCOMPARE(rounded.pixelColor(0, 0).alpha(), 0);
@@ -177,8 +162,8 @@ void PictureStoreTest::damagedBytesAreNoPicture_data()
     QTest::addColumn<QByteArray>("bytes");
     QTest::newRow("nothing") << QByteArray();
     QTest::newRow("text") << QByteArray("no picture at all");
-    QTest::newRow("only a signature") << picture(Qt::red).left(8);
-    QTest::newRow("only a header") << picture(Qt::red).left(40);
+    QTest::newRow("only a signature") << pngOf(Qt::red).left(8);
+    QTest::newRow("only a header") << pngOf(Qt::red).left(40);
 }
 
 void PictureStoreTest::damagedBytesAreNoPicture()

@@ -1,43 +1,9 @@
 #include "tests/ui/windowfixture.h"
 
+#include "tests/ui/itemtree.h"
 #include "ui/imageproviders.h"
 
-#include <functional>
-
-namespace {
-
-QQuickItem *findItem(QQuickItem *root, const std::function<bool(QQuickItem *)> &matches)
-{
-    if (matches(root))
-        return root;
-    for (QQuickItem *child : root->childItems()) {
-        if (QQuickItem *found = findItem(child, matches))
-            return found;
-    }
-    return nullptr;
-}
-
-bool isVisible(const QAccessibleInterface *interface)
-{
-    const auto *item = qobject_cast<QQuickItem *>(interface->object());
-    return item == nullptr || item->isVisible();
-}
-
-QAccessibleInterface *findControl(QAccessibleInterface *root,
-                                  const std::function<bool(QAccessibleInterface *)> &matches)
-{
-    if (!root || !isVisible(root))
-        return nullptr;
-    if (matches(root))
-        return root;
-    for (int index = 0; index < root->childCount(); ++index) {
-        if (QAccessibleInterface *found = findControl(root->child(index), matches))
-            return found;
-    }
-    return nullptr;
-}
-
-} // namespace
+#include <tuple>
 
 void failOnWindowWarnings()
 {
@@ -52,9 +18,7 @@ WindowFixture::WindowFixture()
 
 bool WindowFixture::open(const QList<DockFolder> &folders)
 {
-    writeLibrary(folders);
-    store->start();
-    finishEverything();
+    startWith(folders);
     // The fake notes calls for the main thread only.
     model = std::make_unique<CompanionViewModel>(
         *store, pictures, [this] { return scanInstalledApplications(files.files, directories); });
@@ -69,16 +33,9 @@ bool WindowFixture::open(const QList<DockFolder> &folders)
     return QTest::qWaitForWindowActive(window);
 }
 
-void WindowFixture::changeFromOutside(const QList<DockFolder> &folders)
-{
-    writeLibrary(folders);
-    watcher.change();
-    finishEverything();
-}
-
 QQuickItem *WindowFixture::named(const char *objectName) const
 {
-    return findItem(window->contentItem(), [objectName](const QQuickItem *item) {
+    return descendant(window->contentItem(), [objectName](const QQuickItem *item) {
         return item->isVisible() && item->objectName() == QLatin1StringView(objectName);
     });
 }
@@ -95,10 +52,7 @@ void WindowFixture::placeRows() const
 QAccessibleInterface *WindowFixture::control(QAccessible::Role role, const QString &name) const
 {
     placeRows();
-    return findControl(
-        QAccessible::queryAccessibleInterface(window), [&](const QAccessibleInterface *interface) {
-            return interface->role() == role && interface->text(QAccessible::Name) == name;
-        });
+    return accessibleChild(QAccessible::queryAccessibleInterface(window), role, name);
 }
 
 QQuickItem *WindowFixture::item(QAccessible::Role role, const QString &name) const
@@ -127,7 +81,7 @@ QStringList WindowFixture::rowNames() const
 {
     placeRows();
     QList<std::pair<qreal, QString>> rows;
-    findItem(named("folderList"), [&](QQuickItem *item) {
+    std::ignore = descendant(named("folderList"), [&](const QQuickItem *item) {
         if (item->property("caption").isValid() && !item->property("isPooled").toBool())
             rows.append({item->y(), item->property("name").toString()});
         return false;

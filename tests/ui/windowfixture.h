@@ -17,8 +17,6 @@ struct WindowFixture : StoreFixture {
 
     /// Writes the library, starts the store and opens the window. False when there is no window.
     [[nodiscard]] bool open(const QList<DockFolder> &folders);
-    /// Another program writes the library while the window is open.
-    void changeFromOutside(const QList<DockFolder> &folders);
 
     [[nodiscard]] QQuickItem *named(const char *objectName) const;
     /// What assistive programs find under a role and a name and a user can see; null: nothing.
