@@ -39,8 +39,10 @@ QList<FileURL> ProxyDirectory::installedProxyURLs(const QUuid &folderID) const
 
 QHash<QUuid, QList<FileURL>> ProxyDirectory::installedProxies() const
 {
+    const QList<KnownBundle> &bundles = look();
     QHash<QUuid, QList<FileURL>> proxies;
-    for (const KnownBundle &bundle : look()) {
+    proxies.reserve(bundles.size());
+    for (const KnownBundle &bundle : bundles) {
         if (bundle.entry.folderID)
             proxies[*bundle.entry.folderID].append(bundle.entry.url);
     }
