@@ -13,7 +13,6 @@ Item {
     required property bool alreadyAdded
     property bool isHovered: false
     property bool hasFocusRing: false
-    property bool isPooled: false
     /// The look follows a choice slowly, and at once when another application comes into the cell.
     property bool isBeingToggled: false
     readonly property color badgeColor: root.alreadyAdded ? Theme.secondary : Theme.blue
@@ -29,7 +28,6 @@ Item {
     }
 
     enabled: !root.alreadyAdded
-    Accessible.ignored: root.isPooled
     Accessible.role: Accessible.CheckBox
     Accessible.name: root.name
     Accessible.description: root.alreadyAdded ? qsTr("Already added") : ""
@@ -38,14 +36,12 @@ Item {
     Accessible.checked: root.isSelected
     Accessible.onPressAction: root.toggle()
     Accessible.onToggleAction: root.toggle()
-    GridView.onPooled: root.isPooled = true
-    GridView.onReused: root.isPooled = false
 
     ToolTip.text: root.name
     ToolTip.visible: root.isHovered && nameText.truncated
     ToolTip.delay: Theme.toolTipDelay
 
-    Rectangle {
+    OutlinedRectangle {
         id: tile
         anchors.horizontalCenter: parent.horizontalCenter
         width: 72
@@ -53,7 +49,6 @@ Item {
         y: 6
         radius: Theme.cellRadius
         color: Theme.faded(Theme.blue, root.isSelected ? 0.12 : 0)
-        border.width: 1.5
         border.color: Theme.faded(Theme.blue, root.isSelected ? 1 : 0)
 
         Behavior on color {

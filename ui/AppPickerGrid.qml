@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Controls.Basic
 import Nestlet.Companion
@@ -137,6 +139,7 @@ FocusScope {
             target: grid
         }
 
+        // Cells that went out of view are not kept for others: they would stay in the accessible tree.
         delegate: AppPickerCell {
             required property int index
 

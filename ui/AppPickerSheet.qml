@@ -21,7 +21,7 @@ Dialog {
     signal addRequested(urls: var)
 
     function confirm() {
-        if (pickerModel.selectedCount === 0)
+        if (pickerModel.selectedCount === 0 || !root.opened) // a second Return, while it closes
             return;
         const chosen = pickerModel.chosenURLs();
         root.close();
@@ -104,7 +104,7 @@ Dialog {
 
     contentItem: FocusScope { // qmllint disable deferred-property-id
         focus: true
-        LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft
+        LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft // qmllint disable type
         LayoutMirroring.childrenInherit: true
         Keys.onPressed: event => {
             if (event.matches(StandardKey.Cancel))
@@ -194,75 +194,18 @@ Dialog {
                 onExited: search.begin()
             }
 
-            Loader {
+            AppPickerLoading {
                 anchors.centerIn: parent
-                active: pickerModel.isLoading
-                sourceComponent: loadingNote
-            }
-
-            Loader {
-                anchors.fill: parent
-                active: pickerModel.hasNoMatches
-                sourceComponent: noResultsNote
-            }
-        }
-    }
-
-    Component {
-        id: loadingNote
-
-        Column {
-            spacing: 12
-            Accessible.role: Accessible.StaticText
-            Accessible.name: root.status
-
-            ProgressSpinner {
-                anchors.horizontalCenter: parent.horizontalCenter
-                size: 28
-            }
-            CompanionText {
-                anchors.horizontalCenter: parent.horizontalCenter
+                visible: pickerModel.isLoading
                 text: root.status
-                color: Theme.secondary
             }
-        }
-    }
 
-    Component {
-        id: noResultsNote
-
-        Item {
-            Accessible.role: Accessible.StaticText
-            Accessible.name: root.noResults
-            Accessible.description: hint.text
-
-            Column {
-                anchors.centerIn: parent
-                width: Math.min(parent.width - 2 * Theme.contentInset, 420)
-                spacing: 8
-
-                Symbol {
-                    anchors.horizontalCenter: parent.horizontalCenter
-                    name: "magnifyingglass"
-                    size: 36
-                    color: Theme.secondary
-                }
-                CompanionText {
-                    width: parent.width
-                    text: root.noResults
-                    font: Theme.titleSemibold
-                    horizontalAlignment: Text.AlignHCenter
-                    wrapMode: Text.Wrap
-                    maximumLineCount: 3
-                }
-                CompanionText {
-                    id: hint
-                    width: parent.width
-                    text: qsTr("Check the spelling or try a new search.")
-                    color: Theme.secondary
-                    horizontalAlignment: Text.AlignHCenter
-                    wrapMode: Text.Wrap
-                }
+            CompanionPlaceholder {
+                anchors.fill: parent
+                visible: pickerModel.hasNoMatches
+                symbol: "magnifyingglass"
+                title: root.noResults
+                description: qsTr("Check the spelling or try a new search.")
             }
         }
     }

@@ -30,6 +30,7 @@ Item {
             font: Theme.titleSemibold
             horizontalAlignment: Text.AlignHCenter
             wrapMode: Text.Wrap
+            maximumLineCount: 3
         }
 
         CompanionText {

@@ -36,11 +36,10 @@ PickerGroup {
                 root.changed(AppearanceOptions.symbolValue(cell.index));
         }
 
-        Rectangle {
+        OutlinedRectangle {
             anchors.fill: parent
             radius: Theme.swatchRadius
             color: cell.isSelected ? Theme.faded(Theme.accent, 0.15) : Theme.faded(Theme.secondary, cell.down ? 0.22 : cell.hovered ? 0.16 : 0.1)
-            border.width: 1.5
             border.color: Theme.faded(Theme.accent, cell.isSelected ? 1 : 0)
 
             Behavior on color {
