@@ -12,7 +12,7 @@
     </message>
 </context>
 <context>
-    <name>CompanionFolderDetail</name>
+    <name>FolderItemsSection</name>
     <message numerus="yes">
         <source>%n item(s)</source>
         <translation>

@@ -8,40 +8,19 @@ Item {
     required property FolderDetailModel folder
     required property ApplicationScan applicationScan
     property SystemPanels panels: null
-    property string untouchedDraft
     property bool showAppPicker: false
     property bool isConfirmingDelete: false
-    readonly property bool contentsDropTargeted: dropTarget.isTargeted || headerDropTarget.isTargeted
-    readonly property bool isNameTouched: nameField.text !== root.untouchedDraft
-
-    function showName(name: string) {
-        nameField.text = name;
-        root.untouchedDraft = nameField.text;
-    }
-    function resetDraft() {
-        root.showName(root.folder.name);
-    }
-    // A name that nobody touched is not committed: it may have been changed elsewhere meanwhile.
-    function commitName() {
-        if (root.isNameTouched)
-            root.showName(root.folder.commitName(nameField.text));
-    }
+    readonly property bool contentsDropTargeted: dropTarget.isTargeted || header.isDropTargeted
 
     Accessible.role: Accessible.Pane
     Accessible.name: root.folder.name
-    Component.onCompleted: root.resetDraft()
 
     Connections {
         target: root.folder
         function onFolderIDChanged() {
             root.showAppPicker = false;
             root.isConfirmingDelete = false;
-            root.resetDraft();
             scroll.contentY = 0;
-        }
-        function onNameChanged() {
-            if (!root.isNameTouched)
-                root.resetDraft();
         }
     }
 
@@ -54,7 +33,7 @@ Item {
     }
 
     DetailHeader {
-        id: header
+        id: titleRow
         anchors.left: parent.left
         anchors.right: parent.right
         title: root.folder.name
@@ -96,7 +75,7 @@ Item {
         objectName: "detailScroll"
         anchors.left: parent.left
         anchors.right: parent.right
-        anchors.top: header.bottom
+        anchors.top: titleRow.bottom
         anchors.bottom: parent.bottom
         contentHeight: sections.height + Theme.contentInset + Theme.contentBottomInset
 
@@ -117,116 +96,15 @@ Item {
                 visible: root.folder.isLocked
             }
 
-            Item {
-                id: headerRow
+            FolderHeader {
+                id: header
                 width: parent.width
-                height: preview.height
-
-                DockIconPreview {
-                    id: preview
-                    anchors.left: parent.left
-                    size: 96
-                    folderID: root.folder.folderID
-                    accentColorHex: root.folder.accentColorHex
-                    iconSymbol: root.folder.iconSymbol
-                    pictureSource: root.folder.pictureSource
-                    previewURLs: root.folder.previewURLs
-                    previewColumns: root.folder.previewColumns
-                }
-
-                Column {
-                    anchors.left: preview.right
-                    anchors.leftMargin: 20
-                    anchors.right: parent.right
-                    anchors.verticalCenter: parent.verticalCenter
-                    spacing: 8
-
-                    FolderNameField {
-                        id: nameField
-                        objectName: "nameField"
-                        anchors.left: parent.left
-                        visible: !root.folder.isLocked
-                        onAccepted: root.commitName()
-                        onEditingEnded: root.commitName()
-                        onEditingCancelled: root.resetDraft()
-                    }
-
-                    CompanionText {
-                        width: parent.width
-                        visible: root.folder.isLocked
-                        text: root.folder.name
-                        font: Theme.titleSemibold
-                    }
-
-                    Row {
-                        anchors.left: parent.left
-                        visible: root.folder.isLocked
-                        spacing: 6
-
-                        Rectangle {
-                            anchors.verticalCenter: parent.verticalCenter
-                            width: 7
-                            height: 7
-                            radius: 3.5
-                            color: Theme.secondary
-                        }
-
-                        CompanionText {
-                            text: qsTr("App Store Folder")
-                            font: Theme.captionMedium
-                            color: Theme.secondary
-                            Accessible.ignored: false
-                            Accessible.role: Accessible.StaticText
-                            Accessible.name: text
-                        }
-                    }
-                }
-
-                FileDropTarget {
-                    id: headerDropTarget
-                    objectName: "headerDropTarget"
-                    anchors.fill: parent
-                    anchors.margins: -10
-                    z: -1
-                    enabled: !root.folder.isLocked
-                    onDropped: urls => root.folder.addItems(urls)
-
-                    Rectangle {
-                        anchors.fill: parent
-                        radius: Theme.cardRadius
-                        visible: headerDropTarget.isTargeted
-                        color: Theme.faded(Theme.accent, 0.06)
-                        border.width: 1.5
-                        border.color: Theme.faded(Theme.accent, 0.5)
-                    }
-                }
+                folder: root.folder
             }
 
-            CompanionCardBackground {
+            FolderStatusCard {
                 width: parent.width
-                height: 72
-
-                CompanionStatusPanel {
-                    anchors.left: parent.left
-                    anchors.leftMargin: Theme.cardInset
-                    anchors.right: dockButton.visible ? dockButton.left : parent.right
-                    anchors.rightMargin: Theme.cardInset
-                    anchors.verticalCenter: parent.verticalCenter
-                    isInstalled: root.folder.isInstalled
-                    isLocked: root.folder.isLocked
-                }
-
-                DockButton {
-                    id: dockButton
-                    objectName: "dockButton"
-                    anchors.right: parent.right
-                    anchors.rightMargin: Theme.cardInset
-                    anchors.verticalCenter: parent.verticalCenter
-                    visible: !root.folder.isLocked
-                    isInstalled: root.folder.isInstalled
-                    isBusy: root.folder.isInstalling
-                    onClicked: root.folder.showInDock()
-                }
+                folder: root.folder
             }
 
             CompanionCardBackground {
@@ -245,54 +123,20 @@ Item {
                 }
             }
 
-            Column {
-                id: itemsSection
+            FolderItemsSection {
+                id: items
+
+                readonly property real contentTop: sections.y + items.y
+
                 width: parent.width
-                spacing: 8
-
-                Item {
-                    width: parent.width
-                    height: 24
-
-                    CompanionText {
-                        anchors.left: parent.left
-                        anchors.verticalCenter: parent.verticalCenter
-                        text: root.folder.itemCount.toLocaleString(Qt.locale(), "f", 0)
-                        font: Theme.captionMedium
-                        color: Theme.tertiaryText
-                        Accessible.ignored: false
-                        Accessible.role: Accessible.StaticText
-                        Accessible.name: qsTr("%n item(s)", "", root.folder.itemCount)
-                    }
-
-                    PushButton {
-                        id: addAppsButton
-                        objectName: "addAppsButton"
-                        anchors.right: parent.right
-                        visible: !root.folder.isLocked
-                        text: qsTr("Add Apps")
-                        symbol: "plus"
-                        onClicked: root.showAppPicker = true
-                    }
-                }
-
-                FolderItemsGrid {
-                    id: grid
-                    width: parent.width
-                    folderID: root.folder.folderID
-                    items: root.folder.items
-                    isLocked: root.folder.isLocked
-                    isSurroundingTargeted: root.contentsDropTargeted
-                    readonly property real contentTop: sections.y + itemsSection.y + y
-                    viewportTop: scroll.contentY - contentTop
-                    viewportHeight: scroll.height
-                    onRemoveRequested: itemID => root.folder.removeItem(itemID)
-                    onMoveRequested: (itemID, index) => root.folder.moveItem(itemID, index)
-                    onAddRequested: urls => root.folder.addItems(urls)
-                    onDragMoved: place => edges.position = scroll.mapFromItem(null, place).y
-                    onDragEnded: edges.position = NaN
-                    onRevealRequested: (top, bottom) => scroll.reveal(grid.contentTop + top, grid.contentTop + bottom)
-                }
+                folder: root.folder
+                isSurroundingTargeted: root.contentsDropTargeted
+                viewportTop: scroll.contentY - items.contentTop
+                viewportHeight: scroll.height
+                onAddAppsRequested: root.showAppPicker = true
+                onDragMoved: place => edges.position = scroll.mapFromItem(null, place).y
+                onDragEnded: edges.position = NaN
+                onRevealRequested: (top, bottom) => scroll.reveal(items.contentTop + top, items.contentTop + bottom)
             }
         }
     }

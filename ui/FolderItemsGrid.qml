@@ -68,12 +68,11 @@ Item {
             root.removeRequested(root.items.itemIDAt(grid.currentIndex));
     }
 
-    Rectangle {
+    OutlinedRectangle {
         anchors.fill: parent
         radius: Theme.containerRadius
         color: root.isDropTargeted ? Theme.faded(Theme.accent, root.isEmpty ? 0.08 : 0.06)
                                    : Theme.faded(Theme.quaternary, Theme.quaternary.a * 0.4)
-        border.width: 1.5
         border.color: root.isDropTargeted ? Theme.faded(Theme.accent, 0.5) : "transparent"
 
         Behavior on color {
@@ -94,44 +93,12 @@ Item {
         onDragEnded: root.dragEnded()
     }
 
-    Item {
+    EmptyItems {
         id: emptyState
         objectName: "emptyState"
         width: parent.width
-        height: hints.height + 48
         visible: root.isEmpty
-        Accessible.role: Accessible.StaticText
-        Accessible.name: line.text
-        Accessible.description: hint.text
-
-        Column {
-            id: hints
-            anchors.centerIn: parent
-            spacing: 8
-
-            Symbol {
-                anchors.horizontalCenter: parent.horizontalCenter
-                name: root.isDropTargeted ? "arrow.down.circle.fill" : "tray"
-                size: 22
-                color: root.isDropTargeted ? Theme.accent : Theme.tertiary
-            }
-
-            CompanionText {
-                id: line
-                anchors.horizontalCenter: parent.horizontalCenter
-                text: root.isDropTargeted ? qsTr("Release to Add") : qsTr("No items yet")
-                font: Theme.callout
-                color: root.isDropTargeted ? Theme.accentInk : Theme.secondary
-            }
-
-            CompanionText {
-                id: hint
-                anchors.horizontalCenter: parent.horizontalCenter
-                text: qsTr("Click \"Add Apps\" or drag apps here.")
-                font: Theme.caption
-                color: Theme.tertiaryText
-            }
-        }
+        isDropTargeted: root.isDropTargeted
     }
 
     GridView {

@@ -256,7 +256,7 @@ void PseudoLocaleTest::theAppPickerFits()
     m_window->installNestlet();
     QVERIFY(m_window->open({m_empty}));
     m_window->click(m_window->row(m_empty.name));
-    press("CompanionFolderDetail", "Add Apps");
+    press("FolderItemsSection", "Add Apps");
     QTRY_VERIFY(m_window->isOpen("appPickerSheet"));
     QTRY_VERIFY(!m_window->button(translated("AppPickerSheet", "Loading apps…")));
     QTRY_VERIFY2(faults().isEmpty(), qUtf8Printable(faults()));

@@ -21,7 +21,7 @@ private Q_SLOTS:
 private:
     static QString itemCount(int count)
     {
-        return QCoreApplication::translate("CompanionFolderDetail", "%n item(s)", nullptr, count);
+        return QCoreApplication::translate("FolderItemsSection", "%n item(s)", nullptr, count);
     }
     static QString cancel() { return QCoreApplication::translate("CompanionView", "Cancel"); }
 };
