@@ -26,6 +26,13 @@ FocusScope {
         if (cell)
             cell.toggle();
     }
+    // Brings into view what the wheel may have taken out of it.
+    function toggleCurrent() {
+        if (grid.currentIndex < 0)
+            return;
+        grid.positionViewAtIndex(grid.currentIndex, GridView.Contain);
+        root.toggle(grid.currentIndex);
+    }
     /// The row under a point of the grid, or -1 beside the cells.
     function rowAt(position: point): int {
         const place = root.mapToItem(grid.contentItem, position);
@@ -36,7 +43,7 @@ FocusScope {
         return event.text !== "" && event.text >= " " && event.text !== "\u007f" && !(event.modifiers & (Qt.ControlModifier | Qt.AltModifier | Qt.MetaModifier));
     }
 
-    activeFocusOnTab: true
+    activeFocusOnTab: grid.count > 0
     clip: true
 
     HoverHandler {
@@ -64,10 +71,8 @@ FocusScope {
     GridView {
         id: grid
 
-        readonly property bool isMirrored: LayoutMirroring.enabled
         readonly property bool showsFocus: InputModality.isKeyboard && activeFocus
         readonly property int columns: Math.max(1, Math.floor(width / (root.leastColumnWidth + root.spacing)))
-        readonly property int lastLine: Math.floor((grid.count - 1) / grid.columns)
         readonly property int linesPerPage: Math.max(1, Math.floor(height / cellHeight))
 
         objectName: "appGrid"
@@ -93,41 +98,14 @@ FocusScope {
             anchors.bottom: parent.bottom
         }
 
-        function goTo(row: int) {
-            if (grid.count > 0)
-                grid.currentIndex = Math.max(0, Math.min(row, grid.count - 1));
-        }
-        function goByLines(lines: int) {
-            const line = Math.floor(grid.currentIndex / grid.columns);
-            const wanted = Math.max(0, Math.min(line + lines, grid.lastLine));
-            grid.goTo(grid.currentIndex + (wanted - line) * grid.columns);
-        }
-        function goUp() {
-            if (grid.currentIndex < grid.columns)
-                root.exited();
-            else
-                grid.goByLines(-1);
-        }
-
         Keys.onPressed: event => {
+            const target = GridKeys.cellAfterKey(event.key, grid.currentIndex, grid.count, grid.columns, grid.linesPerPage, grid.LayoutMirroring.enabled);
             if (event.key === Qt.Key_Space)
-                root.toggle(grid.currentIndex);
-            else if (event.key === Qt.Key_Left)
-                grid.goTo(grid.currentIndex + (grid.isMirrored ? 1 : -1));
-            else if (event.key === Qt.Key_Right)
-                grid.goTo(grid.currentIndex + (grid.isMirrored ? -1 : 1));
-            else if (event.key === Qt.Key_Up)
-                grid.goUp();
-            else if (event.key === Qt.Key_Down)
-                grid.goByLines(1);
-            else if (event.key === Qt.Key_Home)
-                grid.goTo(0);
-            else if (event.key === Qt.Key_End)
-                grid.goTo(grid.count - 1);
-            else if (event.key === Qt.Key_PageUp)
-                grid.goByLines(-grid.linesPerPage);
-            else if (event.key === Qt.Key_PageDown)
-                grid.goByLines(grid.linesPerPage);
+                root.toggleCurrent();
+            else if (event.key === Qt.Key_Up && grid.currentIndex < grid.columns)
+                root.exited();
+            else if (target >= 0)
+                grid.currentIndex = target;
             else if (root.typesText(event))
                 root.typed(event.text);
             else

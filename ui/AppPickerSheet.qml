@@ -28,7 +28,7 @@ Dialog {
         root.addRequested(chosen);
     }
     function cancel() {
-        if (pickerModel.searchText !== "")
+        if (search.activeFocus && pickerModel.searchText !== "")
             search.clear();
         else
             root.close();

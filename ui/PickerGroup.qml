@@ -42,8 +42,8 @@ FocusScope {
             root.currentCell = root.firstCell;
     }
     Keys.onPressed: event => {
-        const cell = AppearanceOptions.cellAfterKey(root.currentCell, event.key, root.count, root.columns, root.LayoutMirroring.enabled);
-        event.accepted = cell !== root.currentCell;
+        const cell = GridKeys.cellAfterKey(event.key, root.currentCell, root.count, root.columns, 0, root.LayoutMirroring.enabled);
+        event.accepted = cell >= 0 && cell !== root.currentCell;
         if (event.accepted)
             root.moveTo(cell);
     }

@@ -147,6 +147,9 @@ private Q_SLOTS:
     void saysThatNothingIsFound();
     void tellsHowMuchIsFound();
     void escapeClearsTheSearchThenCancels();
+    void escapeInTheGridCancels();
+    void spaceBringsBackWhatWasScrolledAway();
+    void aGridWithoutApplicationsIsNoStop();
     void returnAddsWhatIsSelected();
     void theKeyboardReachesEverything();
     void arrowsWalkThroughTheGrid();
@@ -340,6 +343,45 @@ void WindowAppPickerTest::escapeClearsTheSearchThenCancels()
     m_window->press(Qt::Key_Escape);
     QVERIFY(m_window->isClosed());
     QVERIFY(!m_window->hasAdded());
+}
+
+void WindowAppPickerTest::escapeInTheGridCancels()
+{
+    QVERIFY(m_window->openSheet());
+    m_window->type(QStringLiteral("draw"));
+    m_window->press(Qt::Key_Down);
+    QVERIFY(m_window->grid()->hasActiveFocus());
+    m_window->press(Qt::Key_Escape);
+    QVERIFY(m_window->isClosed());
+}
+
+void WindowAppPickerTest::spaceBringsBackWhatWasScrolledAway()
+{
+    m_window->names.clear();
+    for (int number = 100; number < 300; ++number)
+        m_window->names.append(QStringLiteral("App %1").arg(number));
+    QVERIFY(m_window->openSheet());
+    m_window->press(Qt::Key_Down);
+    QCOMPARE(m_window->currentName(), QStringLiteral("App 100"));
+    m_window->grid()->setProperty("contentY", 900.0);
+    m_window->grid()->ensurePolished();
+    m_window->press(Qt::Key_Space);
+    QVERIFY(m_window->state(QStringLiteral("App 100")).checked);
+    QVERIFY(m_window->grid()->property("contentY").toReal() < 50);
+    m_window->press(Qt::Key_Return);
+    QVERIFY(m_window->isClosed());
+    QCOMPARE(m_window->added(), QStringList({applicationURL(QStringLiteral("App 100"))}));
+}
+
+void WindowAppPickerTest::aGridWithoutApplicationsIsNoStop()
+{
+    QVERIFY(m_window->openSheet());
+    m_window->type(QStringLiteral("no such name"));
+    QTRY_COMPARE(m_window->grid()->property("count").toInt(), 0);
+    for (int presses = 0; presses < 6; ++presses) {
+        m_window->press(Qt::Key_Tab);
+        QVERIFY(!m_window->grid()->hasActiveFocus());
+    }
 }
 
 void WindowAppPickerTest::returnAddsWhatIsSelected()
