@@ -74,3 +74,9 @@ QString hexTextFromColor(const QColor &color)
     return QString::asprintf("#%02X%02X%02X", nearestByte(color.redF()),
                              nearestByte(color.greenF()), nearestByte(color.blueF()));
 }
+
+QString plainHexText(const QString &text)
+{
+    const std::optional<QColor> color = colorFromHexText(text);
+    return color ? hexTextFromColor(*color) : QString();
+}

@@ -11,5 +11,8 @@
 /// character.
 [[nodiscard]] std::optional<QColor> colorFromHexText(const QString &text);
 
+/// The same colour's text as colour texts are written, "#RRGGBB"; empty when it is none.
+[[nodiscard]] QString plainHexText(const QString &text);
+
 /// "#RRGGBB", or "#4F83D3" for a colour that has no sRGB form.
 [[nodiscard]] QString hexTextFromColor(const QColor &color);

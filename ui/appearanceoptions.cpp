@@ -202,15 +202,15 @@ QString AppearanceOptions::colorName(int cell)
     return cell >= 0 && cell < colorCount ? tr(colors.at(size_t(cell)).name) : QString();
 }
 
-bool AppearanceOptions::isCustomColor(const QString &hex)
-{
-    return colorCell(hex) == customColorCell;
-}
-
 QString AppearanceOptions::plainHex(const QString &hex)
 {
-    const std::optional<QColor> color = colorFromHexText(hex);
-    return color ? hexTextFromColor(*color) : QString();
+    return plainHexText(hex);
+}
+
+QColor AppearanceOptions::colorOrFirst(const QString &hex)
+{
+    return colorFromHexText(hex).value_or(
+        colorFromHexText(extendedPalette().first()).value_or(QColor()));
 }
 
 qreal AppearanceOptions::groundOpacity(const QString &hex)
@@ -241,33 +241,4 @@ int AppearanceOptions::gridValue(int cell)
 QString AppearanceOptions::gridName(int cell)
 {
     return cell >= 0 && cell < gridCellCount() ? tr(gridSizes.at(size_t(cell)).name) : QString();
-}
-
-int AppearanceOptions::cellAfterKey(int cell, int key, int count, int columns, bool isMirrored)
-{
-    const int forward = isMirrored ? -1 : 1;
-    int target = cell;
-    switch (key) {
-    case Qt::Key_Left:
-        target -= forward;
-        break;
-    case Qt::Key_Right:
-        target += forward;
-        break;
-    case Qt::Key_Up:
-        target -= columns;
-        break;
-    case Qt::Key_Down:
-        target += columns;
-        break;
-    case Qt::Key_Home:
-        target = 0;
-        break;
-    case Qt::Key_End:
-        target = count - 1;
-        break;
-    default:
-        break;
-    }
-    return target >= 0 && target < count ? target : cell;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QColor>
 #include <QObject>
 #include <QtQml/qqmlregistration.h>
 
@@ -12,7 +13,6 @@ class AppearanceOptions : public QObject {
     Q_PROPERTY(int symbolCellCount READ symbolCellCount CONSTANT)
     Q_PROPERTY(int colorCellCount READ colorCellCount CONSTANT)
     Q_PROPERTY(int gridCellCount READ gridCellCount CONSTANT)
-    Q_PROPERTY(QStringList extendedPalette READ extendedPalette CONSTANT)
 
 public:
     enum class SymbolKind { NoSymbol, Symbol, CustomImage };
@@ -47,10 +47,10 @@ public:
     Q_INVOKABLE [[nodiscard]] static ColorKind colorKind(int cell);
     Q_INVOKABLE [[nodiscard]] static QString colorValue(int cell);
     Q_INVOKABLE [[nodiscard]] static QString colorName(int cell);
-    /// Whether a colour is set that is not in the palette.
-    Q_INVOKABLE [[nodiscard]] static bool isCustomColor(const QString &hex);
     /// The text as a colour text is written, "#RRGGBB"; empty when it is none.
     Q_INVOKABLE [[nodiscard]] static QString plainHex(const QString &hex);
+    /// What a colour panel stands at: the colour; the first of the palette when it is none.
+    [[nodiscard]] static QColor colorOrFirst(const QString &hex);
     /// The opacity of a black ground between the colour and a white symbol on it, so that the
     /// symbol stands out by 3:1 at least.
     Q_INVOKABLE [[nodiscard]] static qreal groundOpacity(const QString &hex);
@@ -62,9 +62,4 @@ public:
     Q_INVOKABLE [[nodiscard]] static int gridCell(int columns);
     Q_INVOKABLE [[nodiscard]] static int gridValue(int cell);
     Q_INVOKABLE [[nodiscard]] static QString gridName(int cell);
-
-    /// The cell that a key leads to from `cell` in rows of `columns` cells; `cell` itself when the
-    /// key leads nowhere. `key` is a Qt::Key.
-    Q_INVOKABLE [[nodiscard]] static int cellAfterKey(int cell, int key, int count, int columns,
-                                                      bool isMirrored);
 };

@@ -67,9 +67,7 @@ bool ColorComponents::setHexText(const QString &text)
 
 void ColorComponents::show(const QString &hex)
 {
-    const QColor color = colorFromHexText(hex).value_or(
-        colorFromHexText(AppearanceOptions::extendedPalette().first()).value_or(QColor()));
-    take(color);
+    take(AppearanceOptions::colorOrFirst(hex));
 }
 
 void ColorComponents::edit(qreal hue, qreal saturation, qreal brightness)

@@ -14,8 +14,7 @@ void ColorPanelObserver::open(const QString &hex)
         return;
     ColorPanel &panel = *m_panels->colorPanel();
     m_token.reset(); // setting the colour is no choice of the user
-    panel.show(colorFromHexText(hex).value_or(
-        colorFromHexText(AppearanceOptions::extendedPalette().first()).value_or(QColor())));
+    panel.show(AppearanceOptions::colorOrFirst(hex));
     m_token
         = panel.observe([this](const QColor &color) { Q_EMIT changed(hexTextFromColor(color)); });
 }

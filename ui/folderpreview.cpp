@@ -13,10 +13,7 @@ constexpr qint64 mostColumns = 4; // more could not be told apart at the size of
 
 QString previewColor(const DockFolder &folder)
 {
-    if (!folder.accentColorHex)
-        return {};
-    const std::optional<QColor> color = colorFromHexText(*folder.accentColorHex);
-    return color ? hexTextFromColor(*color) : QString();
+    return plainHexText(folder.accentColorHex.value_or(QString()));
 }
 
 int previewColumns(const DockFolder &folder)

@@ -28,8 +28,6 @@ private Q_SLOTS:
     void darkColorsNeedNoGround();
     void findsTheGridCell_data();
     void findsTheGridCell();
-    void keysMoveTheCurrentCell_data();
-    void keysMoveTheCurrentCell();
 };
 
 void AppearanceOptionsTest::offersTheSymbolsInTheirOrder()
@@ -123,7 +121,6 @@ void AppearanceOptionsTest::findsTheColorCell()
     QFETCH(QString, hex);
     QFETCH(int, cell);
     QCOMPARE(AppearanceOptions::colorCell(hex), cell);
-    QCOMPARE(AppearanceOptions::isCustomColor(hex), cell == 13);
 }
 
 void AppearanceOptionsTest::onlyPaletteCellsHaveAColor()
@@ -199,41 +196,6 @@ void AppearanceOptionsTest::findsTheGridCell()
     QCOMPARE(AppearanceOptions::gridCell(columns), cell);
     if (cell >= 0)
         QCOMPARE(AppearanceOptions::gridValue(cell), columns);
-}
-
-void AppearanceOptionsTest::keysMoveTheCurrentCell_data()
-{
-    QTest::addColumn<int>("cell");
-    QTest::addColumn<Qt::Key>("key");
-    QTest::addColumn<bool>("isMirrored");
-    QTest::addColumn<int>("target");
-    const auto add = [](const char *name, int cell, Qt::Key key, bool isMirrored, int target) {
-        QTest::newRow(name) << cell << key << isMirrored << target;
-    };
-    // Rows of six: 0-5, 6-11, 12-16.
-    add("right", 0, Qt::Key_Right, false, 1);
-    add("right over a row's end", 5, Qt::Key_Right, false, 6);
-    add("right at the end", 16, Qt::Key_Right, false, 16);
-    add("left", 7, Qt::Key_Left, false, 6);
-    add("left at the beginning", 0, Qt::Key_Left, false, 0);
-    add("down", 1, Qt::Key_Down, false, 7);
-    add("down where the last row is shorter", 11, Qt::Key_Down, false, 11);
-    add("up", 7, Qt::Key_Up, false, 1);
-    add("up at the top", 3, Qt::Key_Up, false, 3);
-    add("home", 9, Qt::Key_Home, false, 0);
-    add("end", 9, Qt::Key_End, false, 16);
-    add("right from right to left", 7, Qt::Key_Right, true, 6);
-    add("left from right to left", 7, Qt::Key_Left, true, 8);
-    add("down from right to left", 1, Qt::Key_Down, true, 7);
-    add("any other key", 9, Qt::Key_A, false, 9);
-}
-
-void AppearanceOptionsTest::keysMoveTheCurrentCell()
-{
-    QFETCH(int, cell);
-    QFETCH(Qt::Key, key);
-    QFETCH(bool, isMirrored);
-    QTEST(AppearanceOptions::cellAfterKey(cell, key, 17, 6, isMirrored), "target");
 }
 
 QTEST_GUILESS_MAIN(AppearanceOptionsTest)
