@@ -9,7 +9,7 @@ Item {
 
     height: Theme.headerHeight
 
-    CompanionText {
+    ElidedText {
         anchors.left: parent.left
         anchors.leftMargin: Theme.contentInset
         anchors.right: controls.left

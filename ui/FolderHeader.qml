@@ -66,7 +66,7 @@ Item {
             onEditingCancelled: root.resetDraft()
         }
 
-        CompanionText {
+        ElidedText {
             width: parent.width
             visible: root.folder.isLocked
             text: root.folder.name

@@ -1,4 +1,5 @@
 import QtQuick
+import QtQuick.Controls.Basic
 import Nestlet.Companion
 
 /// One item of a folder: its icon over its name, with a button that takes it out while the pointer is
@@ -6,7 +7,6 @@ import Nestlet.Companion
 Item {
     id: root
 
-    required property int index
     required property string itemID
     required property string name
     required property string url
@@ -14,7 +14,11 @@ Item {
     required property bool isLocked
     required property bool isDragging
     required property bool showsFocusRing
+    /// How far from its place the cell is seen, while it slides there.
+    property point shift: Qt.point(0, 0)
     readonly property bool isHovered: hover.hovered
+    /// Whether the pointer still holds the cell that it began to drag.
+    readonly property bool isHeld: drag.active
     /// What goes with the pointer when the cell is dragged.
     readonly property alias picture: content
     signal removeRequested
@@ -31,10 +35,14 @@ Item {
     Accessible.name: root.name
     Accessible.description: root.path
     Accessible.focusable: true
-    Accessible.focused: root.showsFocusRing
+    Accessible.focused: root.activeFocus
     Accessible.onPressAction: root.pressed()
     Accessible.onIncreaseAction: root.moveRequested(1)
     Accessible.onDecreaseAction: root.moveRequested(-1)
+
+    ToolTip.text: root.name
+    ToolTip.visible: root.isHovered && nameText.truncated && !removeButton.isHovered && !root.isDragging
+    ToolTip.delay: Theme.toolTipDelay
 
     Behavior on opacity {
         NumberAnimation {
@@ -49,47 +57,66 @@ Item {
         }
     }
 
-    Rectangle {
-        anchors.fill: parent
-        radius: Theme.cellRadius
-        color: Theme.faded(Theme.primary, 0.06)
-        opacity: root.isHovered ? 1 : 0
+    // Only what is seen slides: pointers and assistive programs find the cell at its place.
+    Item {
+        x: root.shift.x
+        y: root.shift.y
+        width: root.width
+        height: root.height
 
-        Behavior on opacity {
-            NumberAnimation {
-                duration: Theme.hoverDuration
-                easing.type: Easing.OutQuad
+        Rectangle {
+            anchors.fill: parent
+            radius: Theme.cellRadius
+            color: Theme.faded(Theme.primary, 0.06)
+            opacity: root.isHovered ? 1 : 0
+
+            Behavior on opacity {
+                NumberAnimation {
+                    duration: Theme.hoverDuration
+                    easing.type: Easing.OutQuad
+                }
             }
         }
-    }
 
-    FocusRing {
-        visible: root.showsFocusRing
-        controlRadius: Theme.cellRadius
-    }
-
-    Item {
-        id: content
-        anchors.fill: parent
-
-        FileIcon {
-            id: icon
-            anchors.horizontalCenter: parent.horizontalCenter
-            y: 6
-            url: root.url
-            size: 56
-            isShadowed: true
+        FocusRing {
+            visible: root.showsFocusRing
+            controlRadius: Theme.cellRadius
         }
 
-        CompanionText {
-            anchors.horizontalCenter: parent.horizontalCenter
-            anchors.top: icon.bottom
-            anchors.topMargin: 6
-            width: Math.min(implicitWidth, 88)
-            text: root.name
-            font: Theme.subheadline
-            elide: Text.ElideMiddle
-            horizontalAlignment: Text.AlignHCenter
+        Item {
+            id: content
+            anchors.fill: parent
+
+            FileIcon {
+                id: icon
+                anchors.horizontalCenter: parent.horizontalCenter
+                y: 6
+                url: root.url
+                size: 56
+                isShadowed: true
+            }
+
+            CompanionText {
+                id: nameText
+                anchors.horizontalCenter: parent.horizontalCenter
+                anchors.top: icon.bottom
+                anchors.topMargin: 6
+                width: Math.min(implicitWidth, 88)
+                text: root.name
+                font: Theme.subheadline
+                elide: Text.ElideMiddle
+                horizontalAlignment: Text.AlignHCenter
+            }
+        }
+
+        RemoveButton {
+            id: removeButton
+            anchors.top: parent.top
+            anchors.right: parent.right
+            visible: !root.isLocked
+            isShown: (root.isHovered || root.showsFocusRing) && !root.isDragging
+            text: qsTr("Remove %1").arg(root.name)
+            onClicked: root.removeRequested()
         }
     }
 
@@ -102,6 +129,7 @@ Item {
     }
 
     DragHandler {
+        id: drag
         enabled: !root.isLocked
         target: null
         dragThreshold: 5
@@ -110,14 +138,5 @@ Item {
             if (active)
                 root.dragStarted();
         }
-    }
-
-    RemoveButton {
-        anchors.top: parent.top
-        anchors.right: parent.right
-        visible: !root.isLocked
-        isShown: (root.isHovered || root.showsFocusRing) && !root.isDragging
-        text: qsTr("Remove %1").arg(root.name)
-        onClicked: root.removeRequested()
     }
 }

@@ -17,10 +17,13 @@ Item {
     /// Whether files hover over something around the grid from which they would end up in it.
     property bool isSurroundingTargeted: false
     property string draggedItemID
-    property int targetedCells: 0
-    // Cells slide when their order changes, but not when the window does.
+    /// Over which files were last; null also when it is gone.
+    property ItemDropTarget targetedCell: null
+    // What is seen of the items slides when rows come, go or move, but not when the window or the
+    // folder becomes another.
+    property int rearrangement: 0
     property bool isRearranging: false
-    readonly property bool isDropTargeted: dropTarget.isTargeted || root.targetedCells > 0
+    readonly property bool isDropTargeted: dropTarget.isTargeted || (root.targetedCell?.isTargeted ?? false)
                                            || root.isSurroundingTargeted
     readonly property bool isEmpty: grid.count === 0
     signal removeRequested(itemID: string)
@@ -29,6 +32,8 @@ Item {
     /// Something dragged is at a place of the window; and no more.
     signal dragMoved(place: point)
     signal dragEnded
+    /// The last item went while the focus was here.
+    signal emptied
     /// A stretch of the grid that the keyboard has reached.
     signal revealRequested(top: real, bottom: real)
 
@@ -43,21 +48,15 @@ Item {
 
     implicitHeight: root.isEmpty ? emptyState.height : root.rowsHeight - root.spacing + 2 * root.inset
 
-    function moveCurrent(event: var, step: int) {
-        const target = Math.max(0, Math.min(grid.count - 1, grid.currentIndex + step));
-        if (event.modifiers & Qt.AltModifier)
-            root.moveBy(grid.currentIndex, step);
+    function goTo(target: int, isMoving: bool) {
+        if (isMoving)
+            root.moveTo(grid.currentIndex, target);
         grid.currentIndex = target;
         root.showCurrent();
-        event.accepted = true;
     }
-    function moveBy(index: int, step: int) {
-        const target = Math.max(0, Math.min(grid.count - 1, index + step));
+    function moveTo(index: int, target: int) {
         if (!root.isLocked && target !== index)
             root.moveRequested(root.items.itemIDAt(index), target);
-    }
-    function isInLastRow(index: int): bool {
-        return Math.floor(index / root.columns) === Math.floor((grid.count - 1) / root.columns);
     }
     function showCurrent() {
         const top = root.inset + Math.floor(grid.currentIndex / root.columns) * root.rowHeight;
@@ -66,6 +65,31 @@ Item {
     function removeCurrent() {
         if (!root.isLocked && grid.currentIndex >= 0)
             root.removeRequested(root.items.itemIDAt(grid.currentIndex));
+    }
+
+    function beginRearranging() {
+        ++root.rearrangement;
+        root.isRearranging = true;
+        Qt.callLater(root.endRearranging);
+    }
+    function endRearranging() {
+        grid.forceLayout();
+        root.isRearranging = false;
+    }
+
+    onFolderIDChanged: root.isRearranging = false
+
+    Connections {
+        target: root.items
+        function onRowsAboutToBeInserted() {
+            root.beginRearranging();
+        }
+        function onRowsAboutToBeRemoved() {
+            root.beginRearranging();
+        }
+        function onRowsAboutToBeMoved() {
+            root.beginRearranging();
+        }
     }
 
     OutlinedRectangle {
@@ -85,7 +109,6 @@ Item {
 
     FileDropTarget {
         id: dropTarget
-        objectName: "gridDropTarget"
         anchors.fill: parent
         enabled: !root.isLocked
         onDropped: urls => root.addRequested(urls)
@@ -120,101 +143,50 @@ Item {
         Accessible.role: Accessible.List
         Accessible.name: qsTr("Items")
 
-        readonly property bool showsFocus: activeFocus && InputModality.isKeyboard
-        readonly property bool isMirrored: LayoutMirroring.enabled
+        readonly property int linesPerPage: Math.max(1, Math.floor(root.viewportHeight / cellHeight))
 
+        onCountChanged: {
+            if (grid.count === 0 && grid.activeFocus)
+                root.emptied();
+        }
         onActiveFocusChanged: {
             if (activeFocus && grid.currentIndex < 0)
                 grid.currentIndex = 0;
         }
         Keys.onPressed: event => {
-            switch (event.key) {
-            case Qt.Key_Left:
-                root.moveCurrent(event, grid.isMirrored ? 1 : -1);
-                break;
-            case Qt.Key_Right:
-                root.moveCurrent(event, grid.isMirrored ? -1 : 1);
-                break;
-            case Qt.Key_Up:
-                root.moveCurrent(event, grid.currentIndex >= root.columns ? -root.columns : 0);
-                break;
-            case Qt.Key_Down:
-                root.moveCurrent(event, root.isInLastRow(grid.currentIndex) ? 0 : root.columns);
-                break;
-            case Qt.Key_Home:
-                root.moveCurrent(event, -grid.count);
-                break;
-            case Qt.Key_End:
-                root.moveCurrent(event, grid.count);
-                break;
-            case Qt.Key_Delete:
-            case Qt.Key_Backspace:
+            const target = GridKeys.cellAfterKey(event.key, grid.currentIndex, grid.count, root.columns, grid.linesPerPage, grid.LayoutMirroring.enabled);
+            if (target >= 0)
+                root.goTo(target, (event.modifiers & Qt.AltModifier) !== 0);
+            else if (event.key === Qt.Key_Delete || event.key === Qt.Key_Backspace)
                 root.removeCurrent();
-                event.accepted = true;
-                break;
-            }
+            else
+                return;
+            event.accepted = true;
         }
 
-        delegate: Item {
+        // Cells that went out of view are not kept for others: they would stay in the accessible tree.
+        delegate: FolderItemSlot {
             id: slot
-
-            required property int index
-            required property string itemID
-            required property string name
-            required property string url
-            required property string path
-            property real shownX: x
-            property real shownY: y
-            readonly property int slideDuration: root.isRearranging ? Theme.changeDuration : 0
 
             width: grid.cellWidth
             height: grid.cellHeight
-
-            // The slot is where its item belongs at once, so that a drag meets no cell on its way; what
-            // is seen follows.
-            onXChanged: slide.start()
-            onYChanged: slide.start()
-
-            ParallelAnimation {
-                id: slide
-
-                NumberAnimation {
-                    target: slot
-                    property: "shownX"
-                    to: slot.x
-                    duration: slot.slideDuration
-                    easing.type: Easing.OutQuad
-                }
-                NumberAnimation {
-                    target: slot
-                    property: "shownY"
-                    to: slot.y
-                    duration: slot.slideDuration
-                    easing.type: Easing.OutQuad
-                }
+            spacing: root.spacing
+            isLocked: root.isLocked
+            draggedItemID: root.draggedItemID
+            showsFocus: InputModality.isKeyboard
+            rearrangement: root.rearrangement
+            isRearranging: root.isRearranging
+            onFocused: grid.currentIndex = slot.index
+            onPressed: {
+                grid.currentIndex = slot.index;
+                grid.forceActiveFocus(Qt.MouseFocusReason);
             }
-
-            FolderItemGridCell {
-                x: Math.round((slot.width - root.spacing - width) / 2 + slot.shownX - slot.x)
-                y: Math.round(slot.shownY - slot.y)
-                index: slot.index
-                itemID: slot.itemID
-                name: slot.name
-                url: slot.url
-                path: slot.path
-                isLocked: root.isLocked
-                isDragging: slot.itemID === root.draggedItemID
-                showsFocusRing: grid.showsFocus && slot.GridView.isCurrentItem
-                onPressed: {
-                    grid.currentIndex = slot.index;
-                    grid.forceActiveFocus(Qt.MouseFocusReason);
-                }
-                onRemoveRequested: root.removeRequested(slot.itemID)
-                onMoveRequested: step => root.moveBy(slot.index, step)
-                onDragStarted: dragSource.begin(slot.itemID, this)
-            }
+            onRemoveRequested: root.removeRequested(slot.itemID)
+            onMoveRequested: step => root.moveTo(slot.index, Math.max(0, Math.min(grid.count - 1, slot.index + step)))
+            onDragStarted: cell => dragSource.begin(slot.itemID, cell)
 
             ItemDropTarget {
+                id: cellTarget
                 anchors.fill: parent
                 anchors.rightMargin: root.spacing
                 anchors.bottomMargin: root.spacing
@@ -222,8 +194,10 @@ Item {
                 targetIndex: slot.index
                 itemID: slot.itemID
                 draggedItemID: root.draggedItemID
-                onIsTargetedChanged: root.targetedCells += isTargeted ? 1 : -1
-                Component.onDestruction: root.targetedCells -= isTargeted ? 1 : 0
+                onIsTargetedChanged: {
+                    if (cellTarget.isTargeted)
+                        root.targetedCell = cellTarget;
+                }
                 onMoveRequested: (itemID, index) => root.moveRequested(itemID, index)
                 onItemDropped: root.draggedItemID = ""
                 onDropped: urls => root.addRequested(urls)
@@ -239,11 +213,16 @@ Item {
 
         function begin(itemID: string, cell: FolderItemGridCell) {
             cell.picture.grabToImage(result => {
+                if (!cell || !cell.isHeld) // let go meanwhile
+                    return;
                 root.draggedItemID = itemID;
                 dragSource.start(itemID, result.image, Screen.devicePixelRatio, Qt.point(cell.width / 2, 34));
             });
         }
 
-        onEnded: root.draggedItemID = ""
+        onEnded: {
+            root.draggedItemID = "";
+            root.dragEnded(); // the cell that it was over last may be gone, and says nothing
+        }
     }
 }

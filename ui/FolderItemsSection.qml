@@ -36,6 +36,7 @@ Column {
         }
 
         PushButton {
+            id: addAppsButton
             objectName: "addAppsButton"
             anchors.right: parent.right
             visible: !root.folder.isLocked
@@ -59,6 +60,10 @@ Column {
         onAddRequested: urls => root.folder.addItems(urls)
         onDragMoved: place => root.dragMoved(place)
         onDragEnded: root.dragEnded()
+        onEmptied: {
+            if (addAppsButton.visible)
+                addAppsButton.forceActiveFocus(Qt.OtherFocusReason);
+        }
         onRevealRequested: (top, bottom) => root.revealRequested(grid.y + top, grid.y + bottom)
     }
 }

@@ -1,4 +1,5 @@
 import QtQuick
+import QtQuick.Controls.Basic
 
 /// The small button in a cell's corner. It is shown to the pointer only while it is wanted there, and
 /// always to assistive programs.
@@ -7,6 +8,7 @@ Item {
 
     required property bool isShown
     required property string text
+    readonly property bool isHovered: root.isShown && hover.hovered
     signal clicked
 
     width: 24
@@ -14,6 +16,14 @@ Item {
     Accessible.role: Accessible.Button
     Accessible.name: root.text
     Accessible.onPressAction: root.clicked()
+
+    ToolTip.text: root.text
+    ToolTip.visible: root.isHovered && !tap.pressed
+    ToolTip.delay: Theme.toolTipDelay
+
+    HoverHandler {
+        id: hover
+    }
 
     Loader {
         anchors.centerIn: parent

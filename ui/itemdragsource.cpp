@@ -1,6 +1,7 @@
 #include "ui/itemdragsource.h"
 
 #include <QDrag>
+#include <QGuiApplication>
 #include <QMimeData>
 #include <QPixmap>
 #include <QPointer>
@@ -18,6 +19,10 @@ void ItemDragSource::start(const QString &itemID, const QImage &picture, qreal p
 
 void ItemDragSource::drag(const QString &itemID, const QImage &picture, const QPoint &hotSpot)
 {
+    if (!QGuiApplication::mouseButtons().testFlag(Qt::LeftButton)) { // released meanwhile
+        Q_EMIT ended();
+        return;
+    }
     const QPointer<ItemDragSource> self(this);
     auto *const content = new QMimeData;
     content->setText(itemID);

@@ -26,6 +26,7 @@ private Q_SLOTS:
     void aLockedFolderDragsNothing();
     void aLockedFolderHasNoRemoveButtonUnderThePointer();
     void pressingAndMovingDragsTheItem();
+    void whatIsLetGoAtOnceIsNotDragged();
 
 private:
     [[nodiscard]] QString order() const
@@ -288,6 +289,19 @@ void WindowGridDropsTest::pressingAndMovingDragsTheItem()
     QCOMPARE(draggedID(), QString());
     QTest::mouseRelease(m_window->window, Qt::LeftButton, Qt::NoModifier, from);
     QCOMPARE(order(), QStringLiteral("abcd"));
+}
+
+// The picture of the item comes a little after the first movement.
+void WindowGridDropsTest::whatIsLetGoAtOnceIsNotDragged()
+{
+    const QSignalSpy dragged(grid(), SIGNAL(draggedItemIDChanged()));
+    const QPoint from = centreOf("a");
+    QTest::mousePress(m_window->window, Qt::LeftButton, Qt::NoModifier, from);
+    for (int step = 1; step <= 3; ++step)
+        QTest::mouseMove(m_window->window, from + QPoint(step * 10, 0));
+    QTest::mouseRelease(m_window->window, Qt::LeftButton, Qt::NoModifier, from + QPoint(30, 0));
+    QTest::qWait(200);
+    QCOMPARE(dragged.count(), 0);
 }
 
 QTEST_MAIN(WindowGridDropsTest)

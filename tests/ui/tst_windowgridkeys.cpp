@@ -11,11 +11,15 @@ private Q_SLOTS:
     void arrowsWalkThroughTheRows();
     void downInTheLastRowStays();
     void homeAndEndGoToTheEnds();
+    void pagesGoByAsManyRowsAsAreSeen();
     void altAndAnArrowMoveTheItem();
     void altAndAnArrowStopAtTheEnds();
     void deleteRemovesTheCurrentItem_data();
     void deleteRemovesTheCurrentItem();
     void removingTheLastOneGoesToTheOneBefore();
+    void removingTheOnlyOneGoesToAddApps();
+    void theFocusIsOnTheItem();
+    void keysActWhereAnAssistiveProgramPutTheFocus();
     void aLockedFolderIsReadOnly();
     void theRingFollowsTheKeyboardOnly();
     void theCurrentItemShowsItsRemoveButton();
@@ -139,6 +143,20 @@ void WindowGridKeysTest::homeAndEndGoToTheEnds()
     QCOMPARE(currentName(), QStringLiteral("0"));
 }
 
+void WindowGridKeysTest::pagesGoByAsManyRowsAsAreSeen()
+{
+    const auto lines = int(m_window->named("detailScroll")->height()) / 102;
+    QVERIFY(lines >= 3); // more than there are
+    enterGrid();
+    press(Qt::Key_Right);
+    press(Qt::Key_PageDown);
+    QCOMPARE(currentName(), QString::number(1 + 2 * m_columns));
+    press(Qt::Key_PageUp);
+    QCOMPARE(currentName(), QStringLiteral("1"));
+    press(Qt::Key_PageDown, Qt::AltModifier);
+    QCOMPARE(order().indexOf(QStringLiteral("1")), 1 + 2 * m_columns);
+}
+
 void WindowGridKeysTest::altAndAnArrowMoveTheItem()
 {
     enterGrid();
@@ -199,6 +217,51 @@ void WindowGridKeysTest::removingTheLastOneGoesToTheOneBefore()
     press(Qt::Key_Delete);
     QCOMPARE(order().last(), QString::number(count - 2));
     QCOMPARE(currentName(), QString::number(count - 2));
+}
+
+void WindowGridKeysTest::removingTheOnlyOneGoesToAddApps()
+{
+    DockFolder single = m_full;
+    single.items = single.items.first(1);
+    m_window->changeFromOutside({single, m_empty});
+    enterGrid();
+    press(Qt::Key_Delete);
+    QCOMPARE(order(), QStringList());
+    QTRY_VERIFY(m_window->button(QStringLiteral("Add Apps"))->hasActiveFocus());
+    press(Qt::Key_Tab);
+    QVERIFY(!grid() || !grid()->hasActiveFocus());
+}
+
+void WindowGridKeysTest::theFocusIsOnTheItem()
+{
+    const auto focused = [this] {
+        QObject *const object = m_window->window->focusObject();
+        QAccessibleInterface *const found = QAccessible::queryAccessibleInterface(object);
+        return found && found->role() == QAccessible::ListItem ? found->text(QAccessible::Name)
+                                                               : QString();
+    };
+    enterGrid();
+    QCOMPARE(focused(), QStringLiteral("0"));
+    press(Qt::Key_Right);
+    QCOMPARE(focused(), QStringLiteral("1"));
+    press(Qt::Key_Down, Qt::AltModifier);
+    QCOMPARE(focused(), QStringLiteral("1"));
+    press(Qt::Key_Delete);
+    QCOMPARE(focused(), currentName());
+    QVERIFY(focused() != QStringLiteral("1"));
+}
+
+void WindowGridKeysTest::keysActWhereAnAssistiveProgramPutTheFocus()
+{
+    enterGrid();
+    QAccessibleInterface *const second
+        = m_window->control(QAccessible::ListItem, QStringLiteral("1"));
+    QVERIFY(second->actionInterface()->actionNames().contains(
+        QAccessibleActionInterface::setFocusAction()));
+    second->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
+    QVERIFY(second->state().focused);
+    press(Qt::Key_Delete);
+    QCOMPARE(order().first(2).join(u' '), QStringLiteral("0 2"));
 }
 
 void WindowGridKeysTest::aLockedFolderIsReadOnly()

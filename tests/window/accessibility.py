@@ -96,6 +96,33 @@ class Widget:
         return f"{self.role} “{self.name}”"
 
 
+class FocusEvents:
+    """What a screen reader is told of the focus, from when this is made."""
+
+    def __init__(self):
+        self._told = []
+        self._listener = Atspi.EventListener.new(self._note)
+        self._listener.register("object:state-changed:focused")
+
+    def _note(self, event):
+        if event.detail1:
+            self._told.append((event.source.get_role_name(), event.source.get_name()))
+
+    def wait_for(self, role, name):
+        def is_told():
+            context = GLib.MainContext.default()
+            while context.iteration(False):
+                pass
+            return self._told[-1:] == [(role, name)]
+        try:
+            wait_for(f"word of the focus on the {role} “{name}”", is_told)
+        except AssertionError as failure:
+            raise AssertionError(f"{failure}; told was {self._told}") from None
+
+    def close(self):
+        self._listener.deregister("object:state-changed:focused")
+
+
 class Program:
     """The controls of the program with a process id."""
 

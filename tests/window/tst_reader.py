@@ -8,7 +8,7 @@ from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).parent))
 
-from companion import WindowTest, open_display, pictured_on_failure  # noqa: E402
+from companion import WindowTest, display, open_display, pictured_on_failure  # noqa: E402
 from display import wait_for  # noqa: E402
 
 
@@ -117,6 +117,30 @@ class ReaderTest(WindowTest):
         self.companion.press("push button", "Reset Everything")
         self.companion.wait_until_gone("push button", "Reset Everything")
         self.wait_for_rows(["Dock Folder 1"])
+
+
+class FocusTest(WindowTest):
+    def prepare(self):
+        self.mac.write_library(self.mac.record("Full", ["Almanac", "Beta", "Lantern", "Zebra"]))
+
+    @pictured_on_failure
+    def test_the_focus_in_the_items(self):
+        from accessibility import FocusEvents  # only now is there a bus to speak on
+        self.companion.press("list item", "Full")
+        self.companion.find("list item", "Zebra")
+        told = FocusEvents()
+        self.addCleanup(told.close)
+        self.companion.find("list item", "Beta").focus()
+        told.wait_for("list item", "Beta")
+        display.key("Right")
+        told.wait_for("list item", "Lantern")
+        display.key("Left", "Left")
+        told.wait_for("list item", "Almanac")
+        self.companion.find("list item", "Lantern").focus()
+        told.wait_for("list item", "Lantern")
+        display.key("Delete")
+        self.wait_for_items("Full", ["Almanac", "Beta", "Zebra"])
+        told.wait_for("list item", "Zebra")
 
 
 if __name__ == "__main__":
