@@ -1,13 +1,17 @@
 import QtQuick
 import Nestlet.Companion
 
-/// How a folder looks: its symbol or picture, its colour and its grid, side by side.
+/// How a folder looks: its symbol or picture, its colour and its grid, side by side as far as there is
+/// room.
 Item {
     id: root
 
     required property FolderDetailModel folder
     /// Null: the system has none.
     property SystemPanels panels: null
+    /// A picture is to be chosen. Who chooses it outlives this section: the user may go elsewhere
+    /// meanwhile.
+    signal pickImageRequested
 
     function openColorPanel() {
         if (systemColors.isAvailable)
@@ -16,7 +20,6 @@ Item {
             ownColors.show();
     }
 
-    implicitWidth: content.implicitWidth
     implicitHeight: content.implicitHeight
 
     // A panel belongs to the folder it was opened for.
@@ -41,14 +44,9 @@ Item {
         onChanged: hex => root.folder.setAccentColor(hex)
     }
 
-    IconImagePanel {
-        id: imagePanel
-        panels: root.panels
-        onChosen: (url, folderID) => root.folder.loadCustomImage(url, folderID)
-    }
-
-    Row {
+    Flow {
         id: content
+        width: root.width
         spacing: Theme.contentInset
 
         AppearanceGroup {
@@ -60,7 +58,7 @@ Item {
                 selectedSymbol: root.folder.iconSymbol
                 hasCustomIcon: root.folder.hasCustomIcon
                 onChanged: symbol => root.folder.setIconSymbol(symbol)
-                onPickImageRequested: imagePanel.open(root.folder.folderID)
+                onPickImageRequested: root.pickImageRequested()
             }
         }
 

@@ -11,6 +11,8 @@ Item {
     property bool showAppPicker: false
     property bool isConfirmingDelete: false
     readonly property bool contentsDropTargeted: dropTarget.isTargeted || header.isDropTargeted
+    /// A picture is to be chosen for the folder.
+    signal pickImageRequested(folderID: string)
 
     Accessible.role: Accessible.Pane
     Accessible.name: root.folder.name
@@ -120,6 +122,7 @@ Item {
                     anchors.margins: Theme.cardInset
                     folder: root.folder
                     panels: root.panels
+                    onPickImageRequested: root.pickImageRequested(root.folder.folderID)
                 }
             }
 

@@ -145,6 +145,7 @@ ApplicationWindow {
                     folder: root.model.detail
                     applicationScan: root.model.applicationScan
                     panels: root.panels
+                    onPickImageRequested: folderID => imagePanel.open(folderID)
                 }
             }
 
@@ -175,6 +176,13 @@ ApplicationWindow {
             anchors.top: parent.top
             anchors.bottom: parent.bottom
         }
+    }
+
+    // Not in the detail, which may show another folder, or none, before a picture is chosen.
+    IconImagePanel {
+        id: imagePanel
+        panels: root.panels
+        onChosen: (url, folderID) => root.model.detail.loadCustomImage(url, folderID)
     }
 
     Loader {

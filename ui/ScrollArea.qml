@@ -3,8 +3,12 @@ import QtQuick.Controls.Basic
 import Nestlet.Companion
 
 /// A column that scrolls by wheel, bar and keyboard, as on a desktop: never by dragging what is in it.
+/// What the keyboard reaches in it comes into view.
 Flickable {
     id: root
+
+    readonly property Item focusItem: Window.activeFocusItem
+    readonly property real ringRoom: Theme.rowInset
 
     /// Scrolls as little as it takes to show a stretch of the content.
     function reveal(top: real, bottom: real) {
@@ -14,11 +18,21 @@ Flickable {
         if (top < root.contentY)
             root.contentY = Math.max(top, 0);
     }
+    function holds(item: Item): bool {
+        return item !== null && (item === root.contentItem || root.holds(item.parent));
+    }
+    function revealFocus() {
+        if (!InputModality.isKeyboard || !root.holds(root.focusItem))
+            return;
+        const top = root.focusItem.mapToItem(root.contentItem, 0, 0).y;
+        root.reveal(top - root.ringRoom, top + root.focusItem.height + root.ringRoom);
+    }
 
     clip: true
     contentWidth: width
     boundsBehavior: Flickable.StopAtBounds
     ScrollBar.vertical: CompanionScrollBar {}
+    onFocusItemChanged: root.revealFocus()
 
     WheelScrolling {
         target: root

@@ -27,8 +27,16 @@ ApplicationWindow {
         objectName: "section"
         x: 32
         y: 32
+        width: 836
         folder: root.folder
         panels: root.panels
+        onPickImageRequested: imagePanel.open(root.folder.folderID)
+    }
+
+    IconImagePanel {
+        id: imagePanel
+        panels: root.panels
+        onChosen: (url, folderID) => root.folder.loadCustomImage(url, folderID)
     }
 }
 )";
