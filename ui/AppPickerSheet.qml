@@ -15,7 +15,7 @@ Dialog {
     readonly property real spareHeight: root.parent ? root.parent.height - Theme.headerHeight : 0
     readonly property string status: pickerModel.isLoading ? qsTr("Loading apps…")
                                                       : pickerModel.hasNoMatches ? root.noResults
-                                                                            : qsTr("%n app(s)", "", pickerModel.count)
+                                                                            : qsTr("%Ln app(s)", "", pickerModel.count)
     readonly property string noResults: qsTr("No Results for “%1”").arg(pickerModel.searchText)
     /// Texts of the chosen URLs, in the order in which the sheet lists them.
     signal addRequested(urls: var)

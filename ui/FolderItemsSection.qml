@@ -32,7 +32,7 @@ Column {
             color: Theme.tertiaryText
             Accessible.ignored: false
             Accessible.role: Accessible.StaticText
-            Accessible.name: qsTr("%n item(s)", "", root.folder.itemCount)
+            Accessible.name: qsTr("%Ln item(s)", "", root.folder.itemCount)
         }
 
         PushButton {

@@ -56,7 +56,7 @@ class TextsTest(unittest.TestCase):
 
     def test_a_plural_without_english_is_found(self):
         english = texts.plurals(texts.ENGLISH)
-        self.assertIn(("FolderItemsSection", "%n item(s)"), english)
+        self.assertIn(("FolderItemsSection", "%Ln item(s)"), english)
         self.assertTrue(all(english.values()))
 
     def test_the_program_has_no_plain_text(self):

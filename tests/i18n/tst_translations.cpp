@@ -12,6 +12,7 @@ private Q_SLOTS:
     void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral(".?"))); }
     void englishHasPlurals_data();
     void englishHasPlurals();
+    void numbersAreWrittenByTheLocale();
     void theProgramSpeaksTheUsersLanguage_data();
     void theProgramSpeaksTheUsersLanguage();
     void aCatalogueEndsWithItsOwner();
@@ -21,7 +22,7 @@ private Q_SLOTS:
 private:
     static QString itemCount(int count)
     {
-        return QCoreApplication::translate("FolderItemsSection", "%n item(s)", nullptr, count);
+        return QCoreApplication::translate("FolderItemsSection", "%Ln item(s)", nullptr, count);
     }
     static QString cancel() { return QCoreApplication::translate("CompanionView", "Cancel"); }
 };
@@ -41,8 +42,17 @@ void TranslationsTest::englishHasPlurals()
     QFETCH(int, count);
     const Translations english(*QCoreApplication::instance(), QStringLiteral("en_GB"));
     QTEST(itemCount(count), "text");
-    QCOMPARE(QCoreApplication::translate("AppPickerSheet", "%n app(s)", nullptr, count),
+    QCOMPARE(QCoreApplication::translate("AppPickerSheet", "%Ln app(s)", nullptr, count),
              count == 1 ? QStringLiteral("1 app") : QStringLiteral("%1 apps").arg(count));
+}
+
+void TranslationsTest::numbersAreWrittenByTheLocale()
+{
+    const QLocale former;
+    QLocale::setDefault(QLocale(QStringLiteral("en_US")));
+    const auto restore = qScopeGuard([&] { QLocale::setDefault(former); });
+    const Translations english(*QCoreApplication::instance(), QStringLiteral("en_US"));
+    QCOMPARE(itemCount(12345), QStringLiteral("12,345 items"));
 }
 
 void TranslationsTest::theProgramSpeaksTheUsersLanguage_data()
