@@ -23,7 +23,7 @@ PickerCell {
     }
     readonly property bool isOnColor: root.hex !== ""
     // A selected swatch draws back from its outline.
-    property real inset: root.isSelected ? 3.5 : 0
+    property real inset: root.isSelected ? 4 : 0
 
     text: AppearanceOptions.colorName(root.index)
     showsToolTip: true
@@ -45,7 +45,7 @@ PickerCell {
             border.width: 2
             border.color: Theme.accent
             visible: root.inset > 0
-            opacity: root.inset / 3.5
+            opacity: root.inset / 4
         }
 
         Rectangle {

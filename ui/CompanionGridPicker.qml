@@ -49,6 +49,13 @@ PickerGroup {
             text: cell.text
             font: cell.isSelected ? Theme.bodyMedium : Theme.body
             color: cell.isSelected ? Theme.accentText : Theme.primary
+
+            Behavior on color {
+                ColorAnimation {
+                    duration: Theme.changeDuration
+                    easing.type: Easing.OutQuad
+                }
+            }
         }
     }
 

@@ -61,6 +61,13 @@ PickerGroup {
             name: AppearanceOptions.symbolShown(cell.index)
             size: root.size / 2
             color: cell.isSelected ? cell.selectedColor : Theme.secondary
+
+            Behavior on color {
+                ColorAnimation {
+                    duration: Theme.changeDuration
+                    easing.type: Easing.OutQuad
+                }
+            }
         }
     }
 }

@@ -24,7 +24,12 @@ PictureRequest IconProvider::iconRequest(const QString &url, int side) const
 PictureRequest IconProvider::shadowedIconRequest(const QString &url, int side,
                                                  const DropShadow &shadow)
 {
-    return {.key = QStringLiteral("shadowed icon %1 ").arg(side) + url,
+    return {.key = QStringLiteral("shadowed icon %1 %2 %3 %4 ")
+                       .arg(side)
+                       .arg(shadow.radius)
+                       .arg(shadow.offset)
+                       .arg(shadow.opacity)
+                + url,
             .make = [this, url, side, shadow] { return withDropShadow(icon(url, side), shadow); }};
 }
 

@@ -13,8 +13,9 @@ class ItemDragSource : public QQuickItem {
 public:
     using QQuickItem::QQuickItem;
 
-    /// Begins a drag by the pressed mouse, if it still is when the drag can begin. The picture of the item, of so many pixels for each of
-    /// the window's units, goes with the pointer, which holds it at `hotSpot`. `ended` follows.
+    /// Begins a drag by the pressed mouse, if it still is when the drag can begin. The picture of
+    /// the item, of so many pixels for each of the window's units, goes with the pointer, which
+    /// holds it at `hotSpot`. `ended` follows.
     Q_INVOKABLE void start(const QString &itemID, const QImage &picture, qreal pixelRatio,
                            const QPoint &hotSpot);
 
