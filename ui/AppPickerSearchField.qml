@@ -47,7 +47,7 @@ FocusScope {
         color: Theme.secondary
     }
 
-    TextField {
+    CompanionTextField {
         id: field
         objectName: "appSearchField"
         anchors.left: glass.right
@@ -56,14 +56,10 @@ FocusScope {
         anchors.rightMargin: 4
         anchors.verticalCenter: parent.verticalCenter
         focus: true
-        padding: 0
+        height: implicitHeight
+        leftPadding: 0
+        rightPadding: 0
         placeholderText: qsTr("Search")
-        selectByMouse: true
-        font: Theme.body
-        color: Theme.primary
-        placeholderTextColor: Theme.secondary
-        selectionColor: Theme.accentFill
-        selectedTextColor: Theme.accentText
         background: null
         Accessible.name: qsTr("Search")
         Accessible.description: root.status
@@ -73,7 +69,6 @@ FocusScope {
 
     SymbolButton {
         id: clearButton
-        objectName: "clearSearchButton"
         anchors.right: parent.right
         anchors.rightMargin: 4
         anchors.verticalCenter: parent.verticalCenter

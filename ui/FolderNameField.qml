@@ -1,21 +1,17 @@
 import QtQuick
-import QtQuick.Controls.Basic
 
 /// The name of a folder, to be edited in place.
-TextField {
+CompanionTextField {
     id: root
 
     signal editingEnded
     signal editingCancelled
 
     width: 180
+    height: implicitHeight
     placeholderText: qsTr("Folder name")
-    selectByMouse: true
     font: Theme.titleSemibold
-    color: Theme.primary
     placeholderTextColor: Theme.tertiary
-    selectionColor: Theme.accentFill
-    selectedTextColor: Theme.accentText
     leftPadding: 10
     rightPadding: 10
     topPadding: 5
@@ -26,14 +22,4 @@ TextField {
             root.editingEnded();
     }
     Keys.onEscapePressed: root.editingCancelled()
-
-    background: Rectangle {
-        implicitWidth: 180
-        radius: Theme.buttonRadius
-        color: Theme.field
-
-        FocusRing {
-            visible: root.activeFocus
-        }
-    }
 }

@@ -31,7 +31,6 @@ Item {
 
     ColorSlider {
         id: slider
-        objectName: "hueSlider"
         anchors.fill: parent
         name: qsTr("Hue")
         shown: root.components.hue
@@ -49,7 +48,6 @@ Item {
     }
 
     MouseArea {
-        objectName: "hueField"
         anchors.fill: parent
         preventStealing: true
         onPressed: mouse => {

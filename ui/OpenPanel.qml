@@ -22,8 +22,10 @@ Window {
     function openURL(url: string) {
         if (root.browser.isDirectory(url))
             root.openDirectory(url);
-        else if (url !== "")
+        else if (root.browser.isPicture(url))
             root.choose(url);
+        else if (url !== "")
+            problem.text = qsTr("This is no picture that can be an icon.");
     }
     function openDirectory(url: string) {
         problem.text = root.browser.openDirectory(url) ? "" : qsTr("This folder can’t be opened.");
@@ -44,8 +46,9 @@ Window {
     minimumWidth: 560
     minimumHeight: 320
     color: Theme.content
+    LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft // qmllint disable unqualified
+    LayoutMirroring.childrenInherit: true
     Component.onCompleted: list.forceActiveFocus(Qt.PopupFocusReason)
-
 
     Shortcut {
         sequence: "Escape"
@@ -79,7 +82,6 @@ Window {
 
         SymbolButton {
             id: parentButton
-            objectName: "parentButton"
             anchors.left: parent.left
             anchors.leftMargin: Theme.rowInset
             anchors.verticalCenter: parent.verticalCenter
@@ -149,7 +151,6 @@ Window {
 
         CompanionText {
             id: problem
-            objectName: "openPanelProblem"
             anchors.left: parent.left
             anchors.leftMargin: Theme.cardInset
             anchors.right: buttons.left
@@ -175,7 +176,6 @@ Window {
                 onClicked: root.close()
             }
             PushButton {
-                objectName: "openButton"
                 text: qsTr("Open")
                 width: Math.max(76, implicitWidth)
                 isDefault: true

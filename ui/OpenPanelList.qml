@@ -62,7 +62,6 @@ Item {
         clip: true
         activeFocusOnTab: true
         boundsBehavior: Flickable.StopAtBounds
-        interactive: false
         model: root.browser
         ScrollBar.vertical: CompanionScrollBar {}
         Accessible.role: Accessible.List

@@ -24,7 +24,6 @@ Rectangle {
 
     ListView {
         id: list
-        objectName: "placeList"
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.top: title.bottom
@@ -41,6 +40,10 @@ Rectangle {
         Keys.onReturnPressed: root.opened(root.browser.placeURL(list.currentIndex))
         Keys.onEnterPressed: root.opened(root.browser.placeURL(list.currentIndex))
         Keys.onSpacePressed: root.opened(root.browser.placeURL(list.currentIndex))
+
+        WheelScrolling {
+            target: list
+        }
 
         delegate: OpenPanelRow {
             required property int index

@@ -8,6 +8,7 @@ Item {
     property string name
 
     Rectangle {
+        anchors.left: parent.left
         width: 1
         height: parent.height
         color: Theme.separator

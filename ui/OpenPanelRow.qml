@@ -42,7 +42,8 @@ Item {
     }
 
     Symbol {
-        x: Theme.rowInset
+        anchors.left: parent.left
+        anchors.leftMargin: Theme.rowInset
         width: 16
         height: parent.height
         name: root.symbol
@@ -51,7 +52,8 @@ Item {
     }
 
     FileIcon {
-        x: Theme.rowInset
+        anchors.left: parent.left
+        anchors.leftMargin: Theme.rowInset
         anchors.verticalCenter: parent.verticalCenter
         size: 16
         visible: root.iconURL !== ""
@@ -60,8 +62,10 @@ Item {
 
     CompanionText {
         id: label
-        x: Theme.rowInset + 16 + 6
-        width: parent.width - x - Theme.rowInset
+        anchors.left: parent.left
+        anchors.leftMargin: Theme.rowInset + 16 + 6
+        anchors.right: parent.right
+        anchors.rightMargin: Theme.rowInset
         height: parent.height
         text: root.text
         color: root.ink

@@ -55,7 +55,6 @@ Item {
 
     ColorSlider {
         id: saturation
-        objectName: "saturationSlider"
         focus: true
         anchors.fill: parent
         name: qsTr("Saturation")
@@ -67,7 +66,6 @@ Item {
 
     ColorSlider {
         id: brightness
-        objectName: "brightnessSlider"
         anchors.fill: parent
         name: qsTr("Brightness")
         shown: root.components.brightness

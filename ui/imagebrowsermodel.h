@@ -61,7 +61,7 @@ public:
     /// directory that is shown. Empty when nothing is there.
     Q_INVOKABLE [[nodiscard]] QString urlOfPath(const QString &path) const;
     Q_INVOKABLE [[nodiscard]] bool isDirectory(const QString &urlText) const;
-    /// Whether the file's name is that of a picture that can be an icon.
+    /// Whether the name or URL of a file is that of a picture that can be an icon.
     Q_INVOKABLE [[nodiscard]] static bool isPicture(const QString &name);
     /// To be called when the user has chosen a picture of the directory that is shown.
     Q_INVOKABLE void rememberDirectory();

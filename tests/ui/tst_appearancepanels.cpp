@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QImage>
 #include <QRegularExpression>
+#include <QWheelEvent>
 
 /// The colour panel and the open panel: the system's, and those of the window.
 class AppearancePanelsTest : public QObject {
@@ -13,7 +14,11 @@ class AppearancePanelsTest : public QObject {
 
 private Q_SLOTS:
     void init();
-    void cleanup() { m_scene.reset(); }
+    void cleanup()
+    {
+        m_scene.reset();
+        QGuiApplication::setLayoutDirection(Qt::LeftToRight);
+    }
     void theSystemsColorPanelGetsTheFoldersColor();
     void theSystemsColorsAreStored();
     void theSystemsPanelIsLeftWithTheFolder();
@@ -21,6 +26,7 @@ private Q_SLOTS:
     void theColorPanelWorksByKeyboard();
     void theColorPanelWorksByMouse();
     void theColorPanelTakesAHexText();
+    void escapeInTheHexTextChangesNothing();
     void assistiveProgramsSetTheSliders();
     void escapeClosesTheColorPanel();
     void theColorPanelClosesWithTheFolder();
@@ -30,6 +36,9 @@ private Q_SLOTS:
     void theOpenPanelShowsThePictures();
     void theOpenPanelChoosesByKeyboard();
     void theOpenPanelTakesAPath();
+    void theOpenPanelTakesNoOtherFileByItsPath();
+    void theOpenPanelScrollsByTheWheel();
+    void theOpenPanelIsMirrored();
     void escapeClosesTheOpenPanel();
 
 private:
@@ -201,6 +210,21 @@ void AppearancePanelsTest::theColorPanelTakesAHexText()
     QCOMPARE(hex->text(QAccessible::Value), text("#12AB34"));
 }
 
+void AppearancePanelsTest::escapeInTheHexTextChangesNothing()
+{
+    openColorPanel();
+    m_scene->press(Qt::Key_Tab);
+    m_scene->press(Qt::Key_Tab);
+    QCOMPARE(m_scene->focusedName(), text("Hex Color"));
+    QTest::keyClick(m_scene->window.get(), Qt::Key_A, Qt::ControlModifier);
+    for (const char c : QByteArray("12ab34"))
+        QTest::keyClick(m_scene->window.get(), c);
+    m_scene->press(Qt::Key_Escape);
+    QTRY_VERIFY(!isColorPanelOpen());
+    QTest::qWait(150); // longer than a colour waits to be stored
+    QCOMPARE(storedColor(), text("#FF0000"));
+}
+
 void AppearancePanelsTest::assistiveProgramsSetTheSliders()
 {
     openColorPanel();
@@ -320,6 +344,64 @@ void AppearancePanelsTest::theOpenPanelTakesAPath()
     QTest::keyClick(panel, Qt::Key_A, Qt::ControlModifier);
     type(path);
     QTRY_VERIFY(m_scene->stored(m_folder).customIconData);
+}
+
+void AppearancePanelsTest::theOpenPanelTakesNoOtherFileByItsPath()
+{
+    QTemporaryDir elsewhere;
+    QImage image(8, 8, QImage::Format_RGB32);
+    image.fill(Qt::blue);
+    const QString path = elsewhere.filePath(text("far.ppm")); // could be read, but is not offered
+    QVERIFY(image.save(path));
+    QQuickWindow *panel = openImagePanel();
+    QVERIFY(panel);
+    QTest::keyClick(panel, Qt::Key_G, Qt::ControlModifier | Qt::ShiftModifier);
+    for (const QChar c : path)
+        QTest::keyClick(panel, c.toLatin1());
+    QTest::keyClick(panel, Qt::Key_Return);
+    QVERIFY(accessibleChild(QAccessible::queryAccessibleInterface(panel), QAccessible::AlertMessage,
+                            text("This is no picture that can be an icon.")));
+    QVERIFY(panel->isVisible());
+    QCOMPARE(m_scene->stored(m_folder), m_folder);
+}
+
+void AppearancePanelsTest::theOpenPanelScrollsByTheWheel()
+{
+    for (int number = 0; number < 40; ++number)
+        writeImage(text("picture%1.png").arg(number));
+    QQuickWindow *panel = openImagePanel();
+    QVERIFY(panel);
+    const QQuickItem *const list = childNamed(panel->contentItem(), "fileList");
+    QTRY_COMPARE(list->property("count").toInt(), 40);
+    const QPoint place = list->mapToScene(QPointF(40, 40)).toPoint();
+    QWheelEvent event(place, panel->mapToGlobal(place), QPoint(), QPoint(0, -360), Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    event.setTimestamp(1000);
+    QCoreApplication::sendEvent(panel, &event);
+    QTRY_VERIFY(list->property("contentY").toReal() > 50);
+}
+
+void AppearancePanelsTest::theOpenPanelIsMirrored()
+{
+    writeImage(text("a.png"));
+    QGuiApplication::setLayoutDirection(Qt::RightToLeft);
+    QQuickWindow *panel = openImagePanel();
+    QVERIFY(panel);
+    QAccessibleInterface *const root = QAccessible::queryAccessibleInterface(panel);
+    const auto item = [root](QAccessible::Role role, const char *name) {
+        return qobject_cast<QQuickItem *>(accessibleChild(root, role, text(name))->object());
+    };
+    const QQuickItem *const row = item(QAccessible::ListItem, "a.png");
+    const auto right = [](const QQuickItem *shown) {
+        return shown->mapRectToScene(shown->boundingRect()).right();
+    };
+    QCOMPARE(right(item(QAccessible::List, "Favorites")), panel->width() - 10.0);
+    QVERIFY(right(row) < right(item(QAccessible::List, "Favorites")) - 100);
+    QVERIFY(right(item(QAccessible::Button, "Open")) < panel->width() / 2.0);
+    for (const QQuickItem *child : row->childItems()) {
+        if (child->inherits("FileIconPicture"))
+            QCOMPARE(right(child), right(row) - 8);
+    }
 }
 
 void AppearancePanelsTest::escapeClosesTheOpenPanel()
