@@ -6,4 +6,5 @@ FolderIcon {
     neutralTop: Theme.isDark ? Theme.grey(0.14) : Theme.grey(0.70)
     neutralBottom: Theme.isDark ? Theme.grey(0.08) : Theme.grey(0.46)
     emptySymbolOpacity: 0.65
+    fadeDuration: Theme.changeDuration
 }

@@ -16,6 +16,8 @@ Rectangle {
     required property color neutralTop
     required property color neutralBottom
     property real emptySymbolOpacity: 1
+    /// How long a change of the items takes to be seen, in milliseconds.
+    property int fadeDuration: 0
 
     readonly property bool isTinted: root.accentColorHex !== ""
     readonly property color tint: root.isTinted ? root.accentColorHex : root.neutralTop
@@ -55,14 +57,14 @@ Rectangle {
         anchors.fill: parent
         active: !root.showsPicture && !root.showsSymbol
 
-        sourceComponent: ItemIconGrid {
+        sourceComponent: FolderIconGrid {
             anchors.fill: parent
             anchors.margins: root.size * 0.12
             folderID: root.folderID
             urls: root.previewURLs
-            rows: root.previewColumns
             columns: root.previewColumns
             spacing: root.size * 0.03
+            fadeDuration: root.fadeDuration
         }
     }
 

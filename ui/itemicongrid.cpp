@@ -29,3 +29,11 @@ QImage ItemIconGrid::placeholder(const QImage &previous, const QSize &area) cons
         return previous;
     return drawnIconGrid(grid(area), {});
 }
+
+void ItemIconGrid::loaded(const QImage &previous, const QImage &picture)
+{
+    const bool isSameFolder = std::exchange(m_loadedFolderID, m_folderID) == m_folderID;
+    if (isSameFolder && previous.cacheKey() != picture.cacheKey()
+        && previous.size() == picture.size())
+        Q_EMIT replaced();
+}

@@ -27,10 +27,13 @@ public:
 
 Q_SIGNALS:
     void contentChanged();
+    /// The grid of the same folder is another one from now on.
+    void replaced();
 
 protected:
     [[nodiscard]] PictureRequest request(IconProvider &icons, const QSize &area) const override;
     [[nodiscard]] QImage placeholder(const QImage &previous, const QSize &area) const override;
+    void loaded(const QImage &previous, const QImage &picture) override;
 
 private:
     [[nodiscard]] IconGrid grid(const QSize &area) const;
@@ -41,4 +44,5 @@ private:
     qreal m_spacing = 2;
     QString m_folderID;
     mutable QString m_shownFolderID; ///< whose grid is in view
+    QString m_loadedFolderID; ///< whose grid was last in view with its icons
 };

@@ -94,11 +94,14 @@ void LoadedPicture::setBroken(bool isBroken)
 
 void LoadedPicture::show(const QImage &picture, bool isLoaded)
 {
+    const QImage previous = m_picture;
     if (picture.cacheKey() != m_picture.cacheKey()) {
         m_picture = picture;
         m_isTextureOld = true;
     }
     update();
+    if (isLoaded)
+        loaded(previous, picture);
     if (std::exchange(m_isLoaded, isLoaded) != isLoaded)
         Q_EMIT isLoadedChanged();
 }

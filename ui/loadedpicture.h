@@ -36,6 +36,9 @@ protected:
     /// What is shown until it has come, instead of it when it cannot be made, and without a
     /// provider. `previous`: what was shown before.
     [[nodiscard]] virtual QImage placeholder(const QImage &previous, const QSize &area) const = 0;
+    /// The wanted picture is shown from now on, after `previous`, which had been wanted before it
+    /// or held its place.
+    virtual void loaded(const QImage & /*previous*/, const QImage & /*picture*/) { }
     /// To be called when either of them is another now.
     void changed() { polish(); }
     [[nodiscard]] qreal pixelRatio() const;

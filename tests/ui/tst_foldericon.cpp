@@ -23,6 +23,7 @@ Window {
     id: root
 
     property string kind
+    property string folder: "F"
     property string tint
     property string symbol
     property string picture
@@ -39,7 +40,7 @@ Window {
         SidebarFolderThumbnail {
             size: 200
             radius: 20
-            folderID: "F"
+            folderID: root.folder
             accentColorHex: root.tint
             iconSymbol: root.symbol
             pictureSource: root.picture
@@ -52,7 +53,7 @@ Window {
         id: preview
         DockIconPreview {
             size: 200
-            folderID: "F"
+            folderID: root.folder
             accentColorHex: root.tint
             iconSymbol: root.symbol
             pictureSource: root.picture
@@ -89,6 +90,9 @@ private Q_SLOTS:
     void anEmptyFolderShowsAFolder();
     void theSymbolGoesBeforeTheItems();
     void itemsAreShownInAGrid();
+    void changedItemsFadeIn();
+    void nothingFades_data();
+    void nothingFades();
     void missingItemsAreFaintSquares();
     void thePictureGoesBeforeTheSymbol();
     void aBrokenPictureFallsBack_data();
@@ -106,6 +110,8 @@ private:
     [[nodiscard]] QColor pixel(int x, int y) const;
     [[nodiscard]] bool isGrey(int y, double level) const;
     [[nodiscard]] QString pictureOf(const QByteArray &bytes);
+    void addIcon(const QString &url, Qt::GlobalColor color);
+    [[nodiscard]] QQuickItem *currentGrid() const;
 
     FakeAppearance m_appearance;
     FakeWorkspace m_workspace;
@@ -303,6 +309,71 @@ void FolderIconTest::itemsAreShownInAGrid()
     QTRY_COMPARE(pixel(60, 60), QColor(Qt::red)); // the first of two by two
     QVERIFY(pixel(140, 60) != QColor(Qt::red));
     QVERIFY(pixel(60, 140) != QColor(Qt::red));
+}
+
+void FolderIconTest::addIcon(const QString &url, Qt::GlobalColor color)
+{
+    QImage icon(64, 64, QImage::Format_ARGB32_Premultiplied);
+    icon.fill(color);
+    m_workspace.icons.insert(FileURL::fromValidText(url), icon);
+}
+
+QQuickItem *FolderIconTest::currentGrid() const
+{
+    return descendant(icon(), [](const QQuickItem *item) {
+        return item->objectName() == QStringLiteral("currentGrid");
+    });
+}
+
+void FolderIconTest::changedItemsFadeIn()
+{
+    const QStringList red{QStringLiteral("file:///a")};
+    const QStringList blue{QStringLiteral("file:///b")};
+    addIcon(red.first(), Qt::red);
+    addIcon(blue.first(), Qt::blue);
+    QVERIFY(show(QStringLiteral("preview"), {{QStringLiteral("urls"), red}}));
+    QTRY_COMPARE(pixel(60, 60), QColor(Qt::red));
+    const QSignalSpy opacities(currentGrid(), SIGNAL(opacityChanged()));
+    // On a machine that is busy otherwise, a fade may be over at its second step.
+    bool hasSteps = false;
+    for (int attempt = 1; attempt <= 5 && !hasSteps; ++attempt) {
+        set("urls", blue);
+        QTRY_COMPARE(pixel(60, 60), QColor(Qt::blue));
+        set("urls", red);
+        QTRY_COMPARE(pixel(60, 60), QColor(Qt::red));
+        hasSteps = opacities.count() > attempt * 4; // there and back, its beginning and its end
+    }
+    QVERIFY(hasSteps);
+    QCOMPARE(currentGrid()->opacity(), 1.0);
+}
+
+void FolderIconTest::nothingFades_data()
+{
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<QString>("folder");
+    QTest::addColumn<bool>("reducesMotion");
+    QTest::newRow("into another folder")
+        << QStringLiteral("preview") << QStringLiteral("G") << false;
+    QTest::newRow("with reduced motion")
+        << QStringLiteral("preview") << QStringLiteral("F") << true;
+    QTest::newRow("in the sidebar") << QStringLiteral("thumbnail") << QStringLiteral("F") << false;
+}
+
+void FolderIconTest::nothingFades()
+{
+    QFETCH(QString, kind);
+    QFETCH(QString, folder);
+    QFETCH(bool, reducesMotion);
+    m_appearance.change({.reducesMotion = reducesMotion});
+    addIcon(QStringLiteral("file:///a"), Qt::red);
+    addIcon(QStringLiteral("file:///b"), Qt::blue);
+    QVERIFY(show(kind, {{QStringLiteral("urls"), QStringList{QStringLiteral("file:///a")}}}));
+    QTRY_COMPARE(pixel(60, 60), QColor(Qt::red));
+    const QSignalSpy opacities(currentGrid(), SIGNAL(opacityChanged()));
+    set("urls", QStringList{QStringLiteral("file:///b")});
+    set("folder", folder);
+    QTRY_COMPARE(pixel(60, 60), QColor(Qt::blue));
+    QCOMPARE(opacities.count(), 0);
 }
 
 void FolderIconTest::missingItemsAreFaintSquares()
