@@ -78,7 +78,7 @@ PickerCell {
         anchors.centerIn: parent
         name: root.symbol
         size: root.kind === AppearanceOptions.Palette ? 12 : 14
-        weight: root.kind === AppearanceOptions.Palette ? Font.Bold : Font.Normal
+        weight: root.kind === AppearanceOptions.Palette ? Font.Black : Font.Normal // as bold as one on a Mac
         color: root.isOnColor ? Theme.accentText : Theme.secondary
     }
 }

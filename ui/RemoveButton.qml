@@ -30,13 +30,19 @@ Item {
         active: root.isShown
 
         sourceComponent: Item {
-            Rectangle { // the shadow
-                anchors.centerIn: parent
-                anchors.verticalCenterOffset: 1
-                width: 17
-                height: 17
-                radius: 8.5
-                color: Theme.shadow
+            Repeater { // the shadow, which gets fainter outwards
+                model: 3
+
+                Rectangle {
+                    required property int index
+
+                    anchors.centerIn: parent
+                    anchors.verticalCenterOffset: 1
+                    width: 16 + 2 * index
+                    height: width
+                    radius: width / 2
+                    color: Theme.faded(Theme.shadow, Theme.shadow.a / 3)
+                }
             }
 
             Symbol {
