@@ -6,6 +6,8 @@ Item {
     id: root
 
     required property FolderDetailModel folder
+    /// Who is told of what is dropped here.
+    required property DropReceiver receiver
     required property ApplicationScan applicationScan
     property SystemPanels panels: null
     property bool showAppPicker: false
@@ -31,7 +33,8 @@ Item {
         objectName: "detailDropTarget"
         anchors.fill: parent
         enabled: !root.folder.isLocked
-        onDropped: urls => root.folder.addItems(urls)
+        folderID: root.folder.folderID
+        receiver: root.receiver
     }
 
     DetailHeader {
@@ -102,6 +105,7 @@ Item {
                 id: header
                 width: parent.width
                 folder: root.folder
+                receiver: root.receiver
             }
 
             FolderStatusCard {
@@ -133,6 +137,7 @@ Item {
 
                 width: parent.width
                 folder: root.folder
+                receiver: root.receiver
                 isSurroundingTargeted: root.contentsDropTargeted
                 viewportTop: scroll.contentY - items.contentTop
                 viewportHeight: scroll.height

@@ -19,11 +19,11 @@ ItemDelegate {
     required property int previewColumns
     required property bool isSelected
     required property bool listHasFocus
+    required property DropReceiver receiver
     property bool isPooled: false
     readonly property bool isDropTargeted: dropTarget.isTargeted
     readonly property string caption: root.isDropTargeted ? qsTr("Drop to add") : root.status
     readonly property bool isEmphasized: root.isSelected && root.listHasFocus
-    signal itemsDropped(urls: var)
     /// By how many rows, as assistive programs ask for it.
     signal moveRequested(step: int)
 
@@ -136,6 +136,7 @@ ItemDelegate {
         id: dropTarget
         anchors.fill: parent
         enabled: !root.isLocked
-        onDropped: urls => root.itemsDropped(urls)
+        folderID: root.folderID
+        receiver: root.receiver
     }
 }

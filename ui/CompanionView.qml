@@ -147,6 +147,7 @@ ApplicationWindow {
                     panels: root.panels
                     onPickImageRequested: folderID => imagePanel.open(folderID)
                 }
+                    receiver: root.model
             }
 
             Loader {

@@ -6,6 +6,7 @@ Item {
     id: root
 
     required property FolderDetailModel folder
+    required property DropReceiver receiver
     property string untouchedDraft
     readonly property bool isNameTouched: nameField.text !== root.untouchedDraft
     readonly property bool isDropTargeted: dropTarget.isTargeted
@@ -104,7 +105,8 @@ Item {
         anchors.margins: -10
         z: -1
         enabled: !root.folder.isLocked
-        onDropped: urls => root.folder.addItems(urls)
+        folderID: root.folder.folderID
+        receiver: root.receiver
 
         OutlinedRectangle {
             anchors.fill: parent

@@ -11,6 +11,7 @@ Item {
     required property string folderID
     required property ItemListModel items
     required property bool isLocked
+    required property DropReceiver receiver
     /// The visible stretch of the grid, in its own coordinates.
     required property real viewportTop
     required property real viewportHeight
@@ -28,7 +29,6 @@ Item {
     readonly property bool isEmpty: grid.count === 0
     signal removeRequested(itemID: string)
     signal moveRequested(itemID: string, index: int)
-    signal addRequested(urls: var)
     /// Something dragged is at a place of the window; and no more.
     signal dragMoved(place: point)
     signal dragEnded
@@ -111,7 +111,8 @@ Item {
         id: dropTarget
         anchors.fill: parent
         enabled: !root.isLocked
-        onDropped: urls => root.addRequested(urls)
+        folderID: root.folderID
+        receiver: root.receiver
         onDragMoved: place => root.dragMoved(place)
         onDragEnded: root.dragEnded()
     }
@@ -191,6 +192,8 @@ Item {
                 anchors.rightMargin: root.spacing
                 anchors.bottomMargin: root.spacing
                 enabled: !root.isLocked
+                folderID: root.folderID
+                receiver: root.receiver
                 targetIndex: slot.index
                 itemID: slot.itemID
                 draggedItemID: root.draggedItemID
@@ -200,7 +203,6 @@ Item {
                 }
                 onMoveRequested: (itemID, index) => root.moveRequested(itemID, index)
                 onItemDropped: root.draggedItemID = ""
-                onDropped: urls => root.addRequested(urls)
                 onDragMoved: place => root.dragMoved(place)
                 onDragEnded: root.dragEnded()
             }

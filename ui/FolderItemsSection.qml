@@ -6,6 +6,7 @@ Column {
     id: root
 
     required property FolderDetailModel folder
+    required property DropReceiver receiver
     /// The visible stretch of the section, in its own coordinates.
     required property real viewportTop
     required property real viewportHeight
@@ -52,12 +53,12 @@ Column {
         folderID: root.folder.folderID
         items: root.folder.items
         isLocked: root.folder.isLocked
+        receiver: root.receiver
         isSurroundingTargeted: root.isSurroundingTargeted
         viewportTop: root.viewportTop - y
         viewportHeight: root.viewportHeight
         onRemoveRequested: itemID => root.folder.removeItem(itemID)
         onMoveRequested: (itemID, index) => root.folder.moveItem(itemID, index)
-        onAddRequested: urls => root.folder.addItems(urls)
         onDragMoved: place => root.dragMoved(place)
         onDragEnded: root.dragEnded()
         onEmptied: {

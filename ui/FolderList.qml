@@ -149,6 +149,7 @@ ListView {
         width: ListView.view.width
         isSelected: row.folderID === root.companion.selection
         listHasFocus: root.activeFocus
+        receiver: root.companion
         opacity: row.index === root.heldRow ? 0.35 : 1
         ListView.onPooled: row.isPooled = true
         ListView.onReused: row.isPooled = false
@@ -157,7 +158,6 @@ ListView {
             root.forceActiveFocus(Qt.MouseFocusReason);
             root.companion.selection = row.folderID;
         }
-        onItemsDropped: urls => root.companion.addItems(row.folderID, urls)
         onMoveRequested: step => root.companion.folders.moveFolder(row.folderID, row.index + step)
     }
 

@@ -2,11 +2,10 @@
 
 #include "model/uuidtext.h"
 #include "store/companionstore.h"
-#include "ui/urltexts.h"
 
 CompanionViewModel::CompanionViewModel(CompanionStore &store, PictureStore &pictures,
                                        ApplicationScan::Scan scanApplications, QObject *parent)
-    : QObject(parent)
+    : DropReceiver(parent)
     , m_store(store)
     , m_folders(store, pictures)
     , m_detail(store, pictures)
@@ -140,8 +139,8 @@ void CompanionViewModel::dismissUpdate()
     m_store.dismissUpdate();
 }
 
-void CompanionViewModel::addItems(const QString &folderID, const QStringList &urls)
+void CompanionViewModel::receiveDrop(const QString &folderID, const QList<FileURL> &urls)
 {
     if (const std::optional<QUuid> id = uuidFromText(folderID))
-        m_store.addItems(*id, urlsFromTexts(urls));
+        m_store.addItems(*id, urls);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui/applicationscan.h"
+#include "ui/dropreceiver.h"
 #include "ui/folderdetailmodel.h"
 #include "ui/folderlistmodel.h"
 
@@ -11,7 +12,7 @@ class CompanionStore;
 
 /// The window's own state, which lives as long as the window: what is selected; and the commands
 /// that concern no single folder.
-class CompanionViewModel final : public QObject {
+class CompanionViewModel final : public DropReceiver {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Made by the application")
@@ -64,8 +65,7 @@ public:
     Q_INVOKABLE void openNestlet();
     Q_INVOKABLE void downloadUpdate();
     Q_INVOKABLE void dismissUpdate();
-    /// Texts of file URLs, dropped on a folder's row.
-    Q_INVOKABLE void addItems(const QString &folderID, const QStringList &urls);
+    void receiveDrop(const QString &folderID, const QList<FileURL> &urls) override;
 
 Q_SIGNALS:
     void selectionChanged();

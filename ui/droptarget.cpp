@@ -21,12 +21,37 @@ DropTarget::DropTarget(QQuickItem *parent)
     setFlag(ItemAcceptsDrops);
 }
 
+void DropTarget::setReceiver(DropReceiver *receiver)
+{
+    if (m_receiver == receiver)
+        return;
+    m_receiver = receiver;
+    Q_EMIT receiverChanged();
+}
+
+std::function<void(const QList<FileURL> &)> DropTarget::report() const
+{
+    return [folderID = m_folderID, receiver = m_receiver](const QList<FileURL> &urls) {
+        if (receiver)
+            receiver->receiveDrop(folderID, urls);
+    };
+}
+
 void DropTarget::setTargeted(bool isTargeted)
 {
     if (m_isTargeted == isTargeted)
         return;
     m_isTargeted = isTargeted;
     Q_EMIT isTargetedChanged();
+}
+
+// A drag that stands still says nothing when the area is taken away under it.
+void DropTarget::itemChange(ItemChange change, const ItemChangeData &value)
+{
+    const bool isInUse = change == ItemVisibleHasChanged || change == ItemEnabledHasChanged;
+    if (isInUse && !value.boolValue)
+        setTargeted(false);
+    QQuickItem::itemChange(change, value);
 }
 
 void DropTarget::dragEnterEvent(QDragEnterEvent *event)
@@ -36,21 +61,23 @@ void DropTarget::dragEnterEvent(QDragEnterEvent *event)
         event->ignore();
         return;
     }
+    m_carriesFiles = info.hasItems(DropContent::FileURL);
     dropEntered(info);
     Q_EMIT dragMoved(mapToScene(event->position()));
     acceptDrop(event);
 }
 
-// Only what was accepted on entering moves on over the area.
+// Only what was accepted on entering moves on over the area, which may have been away meanwhile.
 void DropTarget::dragMoveEvent(QDragMoveEvent *event)
 {
+    setTargeted(m_carriesFiles);
     Q_EMIT dragMoved(mapToScene(event->position()));
     acceptDrop(event);
 }
 
 void DropTarget::dragLeaveEvent(QDragLeaveEvent *event)
 {
-    dropExited();
+    setTargeted(false);
     Q_EMIT dragEnded();
     event->accept();
 }

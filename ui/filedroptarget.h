@@ -15,7 +15,6 @@ public:
 protected:
     [[nodiscard]] bool validateDrop(const DropInfo &info) override;
     void dropEntered(const DropInfo &info) override;
-    void dropExited() override;
     void performDrop(const DropInfo &info) override;
 
 private:

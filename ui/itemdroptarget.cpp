@@ -3,16 +3,9 @@
 #include "model/uuidtext.h"
 #include "system/droppedurls.h"
 #include "system/itemdropdelegate.h"
-#include "ui/urltexts.h"
-
-#include <QPointer>
 
 CompanionItemDropDelegate ItemDropTarget::handler()
 {
-    const auto report = [self = QPointer(this)](const QList<FileURL> &urls) {
-        if (self)
-            Q_EMIT self->dropped(textsOfURLs(urls));
-    };
     return {.targetIndex = m_targetIndex,
             .targetItem = {.id = uuidFromText(m_itemID).value_or(QUuid())},
             .draggedItemID
@@ -22,7 +15,7 @@ CompanionItemDropDelegate ItemDropTarget::handler()
                 [this](const QUuid &itemID, qsizetype index) {
                     Q_EMIT moveRequested(uuidText(itemID), static_cast<int>(index));
                 },
-            .onAdd = report};
+            .onAdd = report()};
 }
 
 bool ItemDropTarget::validateDrop(const DropInfo &info)
@@ -34,11 +27,6 @@ void ItemDropTarget::dropEntered(const DropInfo &info)
 {
     setTargeted(info.hasItems(DropContent::FileURL));
     handler().dropEntered(info);
-}
-
-void ItemDropTarget::dropExited()
-{
-    setTargeted(false);
 }
 
 void ItemDropTarget::performDrop(const DropInfo &info)

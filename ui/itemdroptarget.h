@@ -29,7 +29,6 @@ Q_SIGNALS:
 protected:
     [[nodiscard]] bool validateDrop(const DropInfo &info) override;
     void dropEntered(const DropInfo &info) override;
-    void dropExited() override;
     void performDrop(const DropInfo &info) override;
 
 private:

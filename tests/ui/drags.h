@@ -1,5 +1,8 @@
 #pragma once
 
+#include "ui/dropreceiver.h"
+#include "ui/urltexts.h"
+
 #include <QCoreApplication>
 #include <QDragEnterEvent>
 #include <QDragLeaveEvent>
@@ -31,6 +34,17 @@ protected:
 private:
     QString m_format;
     QByteArray m_bytes;
+};
+
+/// Notes each drop that it is told of: the folder, then the texts of the URLs.
+class NotingReceiver final : public DropReceiver {
+public:
+    void receiveDrop(const QString &folderID, const QList<FileURL> &urls) override
+    {
+        drops.append((QStringList{folderID} + textsOfURLs(urls)).join(u' '));
+    }
+
+    QStringList drops;
 };
 
 /// A drag of another program over a window, as the window system reports it. Outlives the drop.

@@ -27,7 +27,7 @@ private Q_SLOTS:
     void theDetailFollowsTheSelection();
     void theErrorIsTheStoresAndIsClearedOnce();
     void addingAllInstallsEveryFolder();
-    void dropsGoToTheFolderOfTheirRow();
+    void dropsGoToTheFolderThatTheyName();
 
 private:
     CompanionStore &store() { return *m_fixture->store; }
@@ -168,10 +168,10 @@ void CompanionViewModelTest::addingAllInstallsEveryFolder()
     QVERIFY(store().isInstalled(m_b.id));
 }
 
-void CompanionViewModelTest::dropsGoToTheFolderOfTheirRow()
+void CompanionViewModelTest::dropsGoToTheFolderThatTheyName()
 {
-    m_model->addItems(uuidText(m_b.id), {QStringLiteral("file:///tmp/a%20b"), QString()});
-    m_model->addItems(QStringLiteral("no id"), {QStringLiteral("file:///tmp/c")});
+    m_model->receiveDrop(uuidText(m_b.id), {FileURL::file(QStringLiteral("/tmp/a b"))});
+    m_model->receiveDrop(QStringLiteral("no id"), {FileURL::file(QStringLiteral("/tmp/c"))});
     QCOMPARE(namesOf(store().folder(m_b.id)->items), QStringList{QStringLiteral("a b")});
     QCOMPARE(store().folder(m_a.id)->items.size(), 0);
 }

@@ -17,12 +17,17 @@ private Q_SLOTS:
     void refusesWhatCarriesNoFiles_data();
     void refusesWhatCarriesNoFiles();
     void takesNothingWhileDisabled();
-    void reportsNothingOnceItIsGone();
+    void reportsTheFolderThatItWasOnDropping();
+    void reportsWhatWasDroppedThoughItIsGone();
+    void reportsNothingToAReceiverThatIsGone();
+    void isTargetedNoMoreOnceItIsTakenAway_data();
+    void isTargetedNoMoreOnceItIsTakenAway();
 
 private:
     static constexpr QPoint inside{50, 50};
     static constexpr QPoint outside{150, 150};
 
+    std::unique_ptr<NotingReceiver> m_receiver;
     std::unique_ptr<QQuickWindow> m_window;
     FileDropTarget *m_target = nullptr;
 };
@@ -34,6 +39,9 @@ void FileDropTargetTest::init()
     m_window->resize(200, 200);
     m_target = new FileDropTarget(m_window->contentItem()); // owned by it
     m_target->setSize({100, 100});
+    m_receiver = std::make_unique<NotingReceiver>();
+    m_target->setReceiver(m_receiver.get());
+    m_target->setProperty("folderID", QStringLiteral("first"));
 }
 
 void FileDropTargetTest::cleanup()
@@ -43,24 +51,21 @@ void FileDropTargetTest::cleanup()
 
 void FileDropTargetTest::takesFilesAndLeavesThemWhereTheyAre()
 {
-    const QSignalSpy dropped(m_target, &FileDropTarget::dropped);
     IncomingDrag drag(*m_window, "file:///tmp/a\r\nfile:///tmp/b\r\n");
     QVERIFY(drag.enter(inside));
     QCOMPARE(drag.drop(inside), Qt::CopyAction);
-    QTRY_COMPARE(dropped.count(), 1);
-    QCOMPARE(dropped.first().first().toStringList(),
-             (QStringList{QStringLiteral("file:///tmp/a"), QStringLiteral("file:///tmp/b")}));
+    QTRY_COMPARE(m_receiver->drops,
+                 QStringList{QStringLiteral("first file:///tmp/a file:///tmp/b")});
 }
 
 void FileDropTargetTest::keepsTheTextOfEveryURL()
 {
-    const QSignalSpy dropped(m_target, &FileDropTarget::dropped);
     const QByteArray text = "file:///no/such/e%CC%81%2c%20b/";
     IncomingDrag drag(*m_window, text);
     QVERIFY(drag.enter(inside));
     drag.drop(inside);
-    QTRY_COMPARE(dropped.count(), 1);
-    QCOMPARE(dropped.first().first().toStringList(), QStringList{QString::fromLatin1(text)});
+    QTRY_COMPARE(m_receiver->drops,
+                 QStringList{QStringLiteral("first ") + QString::fromLatin1(text)});
 }
 
 void FileDropTargetTest::highlightsWhileADragHovers()
@@ -110,16 +115,53 @@ void FileDropTargetTest::takesNothingWhileDisabled()
     QVERIFY(!m_target->isTargeted());
 }
 
-void FileDropTargetTest::reportsNothingOnceItIsGone()
+// A list uses the area for another row before the files are read.
+void FileDropTargetTest::reportsTheFolderThatItWasOnDropping()
 {
-    int reports = 0;
-    connect(m_target, &FileDropTarget::dropped, this, [&] { ++reports; });
     IncomingDrag drag(*m_window, "file:///tmp/a");
     QVERIFY(drag.enter(inside));
     drag.drop(inside);
-    delete m_target; // its files are on their way
+    m_target->setProperty("folderID", QStringLiteral("second"));
+    QTRY_COMPARE(m_receiver->drops, QStringList{QStringLiteral("first file:///tmp/a")});
+}
+
+void FileDropTargetTest::reportsWhatWasDroppedThoughItIsGone()
+{
+    IncomingDrag drag(*m_window, "file:///tmp/a");
+    QVERIFY(drag.enter(inside));
+    drag.drop(inside);
+    delete m_target;
+    QTRY_COMPARE(m_receiver->drops, QStringList{QStringLiteral("first file:///tmp/a")});
+}
+
+void FileDropTargetTest::reportsNothingToAReceiverThatIsGone()
+{
+    IncomingDrag drag(*m_window, "file:///tmp/a");
+    QVERIFY(drag.enter(inside));
+    drag.drop(inside);
+    m_receiver.reset(); // a sanitizer would tell
     QCoreApplication::processEvents();
-    QCOMPARE(reports, 0);
+    QCOMPARE(m_target->receiver(), nullptr);
+}
+
+void FileDropTargetTest::isTargetedNoMoreOnceItIsTakenAway_data()
+{
+    QTest::addColumn<QByteArray>("property");
+    QTest::newRow("hidden") << QByteArray("visible");
+    QTest::newRow("disabled") << QByteArray("enabled");
+}
+
+void FileDropTargetTest::isTargetedNoMoreOnceItIsTakenAway()
+{
+    QFETCH(QByteArray, property);
+    IncomingDrag drag(*m_window, "file:///tmp/a");
+    QVERIFY(drag.enter(inside));
+    m_target->setProperty(property.constData(), false);
+    QVERIFY(!m_target->isTargeted());
+    m_target->setProperty(property.constData(), true);
+    QVERIFY(!m_target->isTargeted()); // where the drag is now is not known before it moves
+    QVERIFY(drag.move(inside + QPoint(1, 1)));
+    QVERIFY(m_target->isTargeted());
 }
 
 QTEST_MAIN(FileDropTargetTest)
