@@ -78,13 +78,16 @@ ApplicationWindow {
         }
     }
 
-    // What is said here is nowhere else to be seen.
-    Item {
-        width: 1
-        height: 1
-        Accessible.role: Accessible.AlertMessage
-        Accessible.name: root.model.announcement
-        Accessible.ignored: root.model.announcement === ""
+    Announcement {
+        id: announcement
+        objectName: "announcement"
+    }
+
+    Connections {
+        target: root.model
+        function onAnnounced(text: string) {
+            announcement.say(text);
+        }
     }
 
     Column {
@@ -102,7 +105,7 @@ ApplicationWindow {
 
         Loader {
             width: parent.width
-            active: root.model.availableVersion !== ""
+            active: root.model.isUpdateAvailable
             visible: active
 
             sourceComponent: UpdateAvailableBanner {
@@ -143,11 +146,11 @@ ApplicationWindow {
 
                 sourceComponent: CompanionFolderDetail {
                     folder: root.model.detail
+                    receiver: root.model
                     applicationScan: root.model.applicationScan
                     panels: root.panels
                     onPickImageRequested: folderID => imagePanel.open(folderID)
                 }
-                    receiver: root.model
             }
 
             Loader {

@@ -19,6 +19,10 @@ CompanionViewModel::CompanionViewModel(CompanionStore &store, PictureStore &pict
             &CompanionViewModel::availableUpdateChanged);
     connect(&store, &CompanionStore::installAllProgressChanged, this,
             &CompanionViewModel::addAllProgressChanged);
+    connect(&store, &CompanionStore::presenceChanged, this,
+            &CompanionViewModel::announceInstalling);
+    connect(&store, &CompanionStore::installAllProgressChanged, this,
+            &CompanionViewModel::announceInstallingAll);
     connect(&store, &CompanionStore::proxyInstalled, this, &CompanionViewModel::announceInstalled);
 }
 
@@ -70,6 +74,11 @@ QString CompanionViewModel::nestletURL() const
     return url ? url->text() : QString();
 }
 
+bool CompanionViewModel::isUpdateAvailable() const
+{
+    return m_store.availableUpdate().has_value();
+}
+
 QString CompanionViewModel::availableVersion() const
 {
     const auto &update = m_store.availableUpdate();
@@ -88,13 +97,34 @@ int CompanionViewModel::addAllTotal() const
     return static_cast<int>(progress ? progress->total : 0);
 }
 
+// When all begin at once, that is said once.
+void CompanionViewModel::announceInstalling()
+{
+    QSet<QUuid> installing;
+    for (const DockFolder &folder : m_store.folders()) {
+        if (!m_store.isInstalling(folder.id))
+            continue;
+        installing.insert(folder.id);
+        if (m_installingFolderIDs.contains(folder.id) || m_store.installAllProgress())
+            continue;
+        Q_EMIT announced(m_store.isInstalled(folder.id)
+                             ? tr("Updating %1 in the Dock.").arg(folder.name)
+                             : tr("Adding %1 to the Dock.").arg(folder.name));
+    }
+    m_installingFolderIDs = installing;
+}
+
+void CompanionViewModel::announceInstallingAll()
+{
+    if (const auto &progress = m_store.installAllProgress(); progress && progress->done == 0)
+        Q_EMIT announced(tr("Adding all folders to the Dock."));
+}
+
 void CompanionViewModel::announceInstalled(const QUuid &id)
 {
     const std::optional<DockFolder> folder = m_store.folder(id);
-    if (!folder)
-        return;
-    m_announcement = tr("%1 is in the Dock.").arg(folder->name);
-    Q_EMIT announced(m_announcement);
+    if (folder)
+        Q_EMIT announced(tr("%1 is in the Dock.").arg(folder->name));
 }
 
 QString CompanionViewModel::errorMessage() const
@@ -104,7 +134,7 @@ QString CompanionViewModel::errorMessage() const
 
 void CompanionViewModel::createFolder()
 {
-    m_store.addFolder();
+    Q_EMIT folderCreated(uuidText(m_store.addFolder().id));
 }
 
 void CompanionViewModel::addAllToDock()

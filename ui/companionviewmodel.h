@@ -5,8 +5,7 @@
 #include "ui/folderdetailmodel.h"
 #include "ui/folderlistmodel.h"
 
-#include <QObject>
-#include <QtQml/qqmlregistration.h>
+#include <QSet>
 
 class CompanionStore;
 
@@ -23,10 +22,10 @@ class CompanionViewModel final : public DropReceiver {
     Q_PROPERTY(DetailKind detailKind READ detailKind NOTIFY selectionChanged)
     Q_PROPERTY(bool isNestletInstalled READ isNestletInstalled NOTIFY presenceChanged)
     Q_PROPERTY(QString nestletURL READ nestletURL NOTIFY presenceChanged)
+    Q_PROPERTY(bool isUpdateAvailable READ isUpdateAvailable NOTIFY availableUpdateChanged)
     Q_PROPERTY(QString availableVersion READ availableVersion NOTIFY availableUpdateChanged)
     Q_PROPERTY(int addAllDone READ addAllDone NOTIFY addAllProgressChanged)
     Q_PROPERTY(int addAllTotal READ addAllTotal NOTIFY addAllProgressChanged)
-    Q_PROPERTY(QString announcement READ announcement NOTIFY announced)
     Q_PROPERTY(QString errorMessage READ errorMessage NOTIFY errorMessageChanged)
 
 public:
@@ -47,14 +46,14 @@ public:
     [[nodiscard]] bool isNestletInstalled() const;
     /// Text of the Nestlet app's URL; empty: there is none.
     [[nodiscard]] QString nestletURL() const;
-    /// Of an update to offer; empty: there is none.
+    /// Whether there is an update to offer.
+    [[nodiscard]] bool isUpdateAvailable() const;
+    /// Of that update, as its feed has it: it may be empty.
     [[nodiscard]] QString availableVersion() const;
     /// How many of the folders have been added to the Dock, while all of them are being added.
     [[nodiscard]] int addAllDone() const;
     /// 0: nothing of the kind is going on.
     [[nodiscard]] int addAllTotal() const;
-    /// What was said last to those who don't see the window.
-    [[nodiscard]] const QString &announcement() const { return m_announcement; }
     /// Empty: there is no error to show.
     [[nodiscard]] QString errorMessage() const;
 
@@ -73,11 +72,16 @@ Q_SIGNALS:
     void presenceChanged();
     void availableUpdateChanged();
     void addAllProgressChanged();
+    /// Something is to be said to those who don't see the window; the same may be said again.
     void announced(const QString &text);
+    /// The user has made a folder, which is in the list now.
+    void folderCreated(const QString &folderID);
 
 private:
     void select(const QUuid &id);
     void keepSelectionValid();
+    void announceInstalling();
+    void announceInstallingAll();
     void announceInstalled(const QUuid &id);
     [[nodiscard]] QUuid firstFolderID() const;
 
@@ -86,5 +90,5 @@ private:
     FolderDetailModel m_detail;
     ApplicationScan m_applicationScan;
     QUuid m_selection;
-    QString m_announcement;
+    QSet<QUuid> m_installingFolderIDs; ///< when last looked
 };

@@ -27,14 +27,18 @@ private Q_SLOTS:
     void opensNestletWhereItIs();
     void tellsHowFarAddingAllIs();
     void addingAllAgainMeanwhileDoesNothing();
-    void announcesEveryInstallation();
-    void announcesNoFailure();
+    void announcesThatAllAreAddedAndEachThatWas();
+    void announcesTheBeginningAndTheEndEachTime();
+    void announcesNoFailureAsAnEnd();
+    void anUpdateWithoutAVersionIsOffered();
+    void tellsWhichFolderWasCreated();
 
 private:
     CompanionStore &store() { return *m_fixture->store; }
     void offer(int build);
     void restart();
     void startModel();
+    [[nodiscard]] static QStringList said(const QSignalSpy &announced);
 
     const DockFolder m_a = folderNamed(QStringLiteral("A"));
     const DockFolder m_b = folderNamed(QStringLiteral("B"));
@@ -54,6 +58,14 @@ void CompanionCommandsTest::cleanup()
 {
     m_model.reset();
     m_fixture.reset();
+}
+
+QStringList CompanionCommandsTest::said(const QSignalSpy &announced)
+{
+    QStringList texts;
+    for (const QList<QVariant> &arguments : announced)
+        texts.append(arguments.first().toString());
+    return texts;
 }
 
 void CompanionCommandsTest::startModel()
@@ -189,32 +201,64 @@ void CompanionCommandsTest::addingAllAgainMeanwhileDoesNothing()
     QCOMPARE(m_fixture->workspace.opened.size(), 2);
 }
 
-void CompanionCommandsTest::announcesEveryInstallation()
+void CompanionCommandsTest::announcesThatAllAreAddedAndEachThatWas()
 {
     m_fixture->installNestlet();
     startModel();
-    QCOMPARE(m_model->announcement(), QString());
     const QSignalSpy announced(m_model.get(), &CompanionViewModel::announced);
     m_model->addAllToDock();
     m_fixture->finishEverything();
-    QStringList texts;
-    for (const QList<QVariant> &arguments : announced)
-        texts.append(arguments.first().toString());
+    QStringList texts = said(announced);
+    QCOMPARE(texts.takeFirst(), QStringLiteral("Adding all folders to the Dock."));
     texts.sort();
     QCOMPARE(
         texts,
         (QStringList{QStringLiteral("A is in the Dock."), QStringLiteral("B is in the Dock.")}));
-    QCOMPARE(m_model->announcement(), announced.last().first().toString());
 }
 
-void CompanionCommandsTest::announcesNoFailure()
+void CompanionCommandsTest::announcesTheBeginningAndTheEndEachTime()
+{
+    m_fixture->installNestlet();
+    startModel();
+    const QSignalSpy announced(m_model.get(), &CompanionViewModel::announced);
+    for (int time = 0; time < 3; ++time) {
+        store().installProxy(m_a.id);
+        m_fixture->finishEverything();
+    }
+    const QString updating = QStringLiteral("Updating A in the Dock.");
+    const QString end = QStringLiteral("A is in the Dock.");
+    QCOMPARE(
+        said(announced),
+        (QStringList{QStringLiteral("Adding A to the Dock."), end, updating, end, updating, end}));
+}
+
+void CompanionCommandsTest::announcesNoFailureAsAnEnd()
 {
     startModel(); // there is no Nestlet
     const QSignalSpy announced(m_model.get(), &CompanionViewModel::announced);
     store().installProxy(m_a.id);
     m_fixture->finishEverything();
     QVERIFY(!m_model->errorMessage().isEmpty());
-    QCOMPARE(announced.count(), 0);
+    QCOMPARE(said(announced), QStringList{QStringLiteral("Adding A to the Dock.")});
+}
+
+void CompanionCommandsTest::anUpdateWithoutAVersionIsOffered()
+{
+    m_fixture->network.body = R"({"build":7,"version":"","url":"https://nestlet.example/7"})";
+    startModel();
+    QVERIFY(m_model->isUpdateAvailable());
+    QCOMPARE(m_model->availableVersion(), QString());
+    m_model->dismissUpdate();
+    QVERIFY(!m_model->isUpdateAvailable());
+}
+
+void CompanionCommandsTest::tellsWhichFolderWasCreated()
+{
+    startModel();
+    const QSignalSpy created(m_model.get(), &CompanionViewModel::folderCreated);
+    m_model->createFolder();
+    QCOMPARE(created.count(), 1);
+    QCOMPARE(m_model->folders()->rowOf(created.first().first().toString()), 2);
 }
 
 QTEST_GUILESS_MAIN(CompanionCommandsTest)

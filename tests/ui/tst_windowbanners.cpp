@@ -1,3 +1,4 @@
+#include "builder/infoplist.h"
 #include "model/uuidtext.h"
 #include "tests/ui/windowfixture.h"
 
@@ -19,12 +20,25 @@ private Q_SLOTS:
     void aLockedFolderTellsWhy();
     void progressOfAddingAllIsShown();
     void theInstallationIsAnnounced();
+    void anAnnouncementIsNewsEachTime();
+    void anAnnouncementGoesAfterAWhile();
 
 private:
     [[nodiscard]] bool openWith(bool hasUpdate, bool hasNestlet);
     [[nodiscard]] QQuickItem *strip(const QString &title) const
     {
         return m_window->item(QAccessible::Grouping, title);
+    }
+
+    [[nodiscard]] bool announced(const QString &text) const
+    {
+        return m_window->control(QAccessible::AlertMessage, text) != nullptr;
+    }
+    // For the clock, so that they can be seen.
+    void makeInstallationsWait()
+    {
+        m_window->applications.isStubborn = true;
+        m_window->applications.launch(proxyBundleIdentifier(m_a.id));
     }
 
     const QString m_missing = QStringLiteral("Nestlet not found");
@@ -182,11 +196,35 @@ void WindowBannersTest::progressOfAddingAllIsShown()
 void WindowBannersTest::theInstallationIsAnnounced()
 {
     QVERIFY(openWith(false, true));
-    const QString text = QStringLiteral("A is in the Dock.");
-    QVERIFY(!m_window->control(QAccessible::AlertMessage, text));
+    makeInstallationsWait();
     m_window->store->installProxy(m_a.id);
+    QVERIFY(announced(QStringLiteral("Adding A to the Dock.")));
     m_window->finishEverything();
-    QVERIFY(m_window->control(QAccessible::AlertMessage, text));
+    QVERIFY(announced(QStringLiteral("A is in the Dock.")));
+    QVERIFY(!announced(QStringLiteral("Adding A to the Dock.")));
+}
+
+// What assistive programs are told of is that it comes to be shown.
+void WindowBannersTest::anAnnouncementIsNewsEachTime()
+{
+    QVERIFY(openWith(false, true));
+    QQuickItem *const item = WindowFixture::part(m_window->window->contentItem(), "announcement");
+    QStringList shown;
+    connect(item, &QQuickItem::visibleChanged, this, [&] {
+        if (item->isVisible())
+            shown.append(QAccessible::queryAccessibleInterface(item)->text(QAccessible::Name));
+    });
+    for (int time = 0; time < 2; ++time)
+        Q_EMIT m_window->model->announced(QStringLiteral("Twice."));
+    QCOMPARE(shown, (QStringList{QStringLiteral("Twice."), QStringLiteral("Twice.")}));
+}
+
+void WindowBannersTest::anAnnouncementGoesAfterAWhile()
+{
+    QVERIFY(openWith(false, true));
+    Q_EMIT m_window->model->announced(QStringLiteral("Once."));
+    QVERIFY(announced(QStringLiteral("Once.")));
+    QTRY_VERIFY_WITH_TIMEOUT(!announced(QStringLiteral("Once.")), 20000);
 }
 
 QTEST_MAIN(WindowBannersTest)

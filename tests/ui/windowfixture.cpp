@@ -3,6 +3,9 @@
 #include "tests/ui/itemtree.h"
 #include "ui/imageproviders.h"
 
+#include <QQmlContext>
+#include <QQmlExpression>
+
 #include <tuple>
 
 void failOnWindowWarnings()
@@ -96,6 +99,26 @@ QStringList WindowFixture::rowNames() const
 QString WindowFixture::nameFieldText() const
 {
     return named("nameField")->property("text").toString();
+}
+
+QVariant WindowFixture::evaluate(const QString &expression) const
+{
+    return QQmlExpression(qmlContext(window), window, expression).evaluate();
+}
+
+bool WindowFixture::hasRing(QQuickItem *item)
+{
+    return item && findItem(item, [](const QQuickItem *part) {
+               return QByteArray(part->metaObject()->className()).startsWith("FocusRing")
+                   && part->isVisible();
+           });
+}
+
+QQuickItem *WindowFixture::part(QQuickItem *item, const char *objectName)
+{
+    return findItem(item, [objectName](const QQuickItem *part) {
+        return part->objectName() == QLatin1StringView(objectName);
+    });
 }
 
 QPoint WindowFixture::centre(const QQuickItem *item)

@@ -28,6 +28,12 @@ struct WindowFixture : StoreFixture {
     [[nodiscard]] QStringList rowNames() const;
     [[nodiscard]] QString nameFieldText() const;
 
+    /// What an expression in the window's own words comes to.
+    [[nodiscard]] QVariant evaluate(const QString &expression) const;
+    /// Whether the ring of the keyboard is shown in it or in something that it holds.
+    [[nodiscard]] static bool hasRing(QQuickItem *item);
+    /// An item below another by its name, shown or not; null: there is none.
+    [[nodiscard]] static QQuickItem *part(QQuickItem *item, const char *objectName);
     [[nodiscard]] static QPoint centre(const QQuickItem *item);
     void click(const QQuickItem *item) const;
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
