@@ -18,12 +18,18 @@ ItemDelegate {
     required property var previewURLs
     required property int previewColumns
     required property bool isSelected
+    /// Where the keyboard is.
+    required property bool isCurrent
     required property bool listHasFocus
     required property DropReceiver receiver
     property bool isPooled: false
     readonly property bool isDropTargeted: dropTarget.isTargeted
     readonly property string caption: root.isDropTargeted ? qsTr("Drop to add") : root.status
     readonly property bool isEmphasized: root.isSelected && root.listHasFocus
+    readonly property color restingInk: root.isInstalled && !root.isLocked ? Theme.blueInk : Theme.secondary
+    // How far the look of a drop target is, which nothing else fades along with: not what another folder
+    // or another selection brings.
+    property real targeting: root.isDropTargeted ? 1 : 0
     /// By how many rows, as assistive programs ask for it.
     signal moveRequested(step: int)
 
@@ -37,10 +43,18 @@ ItemDelegate {
     Accessible.selectable: true
     Accessible.selected: root.isSelected
     Accessible.focusable: true
-    Accessible.focused: root.isEmphasized
+    Accessible.focused: root.isCurrent
     Accessible.onPressAction: root.clicked()
     Accessible.onIncreaseAction: root.moveRequested(1)
     Accessible.onDecreaseAction: root.moveRequested(-1)
+
+    Behavior on targeting {
+        enabled: !root.isPooled
+        NumberAnimation {
+            duration: Theme.hoverDuration
+            easing.type: Easing.OutQuad
+        }
+    }
 
     ToolTip.text: root.name
     ToolTip.visible: root.hovered && nameText.truncated && !root.down
@@ -54,13 +68,16 @@ ItemDelegate {
             radius: Theme.buttonRadius
             color: root.isEmphasized ? Theme.accentFill : Theme.faded(Theme.primary, 0.1)
             opacity: root.isSelected ? 1 : 0
+        }
 
-            FocusRing {
-                visible: root.isEmphasized && InputModality.isKeyboard
-            }
+        FocusRing {
+            anchors.leftMargin: Theme.selectionInset - 3
+            anchors.rightMargin: Theme.selectionInset - 3
+            visible: root.isCurrent && InputModality.isKeyboard
         }
 
         Rectangle {
+            objectName: "dropOutline"
             anchors.fill: parent
             anchors.leftMargin: Theme.selectionInset
             anchors.rightMargin: Theme.selectionInset
@@ -68,14 +85,7 @@ ItemDelegate {
             color: "transparent"
             border.width: 2
             border.color: Theme.accent
-            opacity: root.isDropTargeted ? 1 : 0
-
-            Behavior on opacity {
-                NumberAnimation {
-                    duration: Theme.hoverDuration
-                    easing.type: Easing.OutQuad
-                }
-            }
+            opacity: root.targeting
         }
     }
 
@@ -113,21 +123,14 @@ ItemDelegate {
             }
 
             CompanionText {
+                objectName: "caption"
                 width: parent.width
                 text: root.caption
                 font: Theme.caption
                 wrapMode: Text.Wrap
                 maximumLineCount: 2
-                color: root.isEmphasized ? Theme.accentText : root.isDropTargeted
-                                           ? Theme.accentInk : (root.isInstalled && !root.isLocked)
-                                             ? Theme.blueInk : Theme.secondary
-
-                Behavior on color {
-                    ColorAnimation {
-                        duration: Theme.changeDuration
-                        easing.type: Easing.OutQuad
-                    }
-                }
+                color: root.isEmphasized ? Theme.accentText : root.targeting === 0 ? root.restingInk
+                                         : Qt.tint(root.restingInk, Theme.faded(Theme.accentInk, root.targeting))
             }
         }
     }
@@ -135,7 +138,7 @@ ItemDelegate {
     FileDropTarget {
         id: dropTarget
         anchors.fill: parent
-        enabled: !root.isLocked
+        enabled: !root.isLocked && !root.isPooled
         folderID: root.folderID
         receiver: root.receiver
     }

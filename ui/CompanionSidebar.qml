@@ -82,6 +82,7 @@ Rectangle {
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.top: header.bottom
+        anchors.topMargin: -list.ringRoom // the first row's own place is right under the header
         anchors.bottom: progress.top
         companion: root.model
     }

@@ -10,57 +10,33 @@ ListView {
 
     required property CompanionViewModel companion
     readonly property string selection: root.companion.selection
-    readonly property int firstMovableRow: root.companion.folders.firstMovableRow
-
-    // Type-ahead
-    property string typedText
-
-    // Reordering by the pointer: the row in hand, where in the row it is held, and where the pointer is
-    // in the visible part of the list.
-    property int heldRow: -1
-    property CompanionFolderRow heldItem: null
-    property real holdOffset: 0
-    property real holdPosition: 0
-    readonly property int dropRow: root.heldRow < 0
-                                   ? -1 : Math.max(root.firstMovableRow,
-                                                   Math.min(root.count - 1,
-                                                            Math.floor((root.holdPosition - root.holdOffset + root.contentY)
-                                                                       / Theme.rowHeight + 0.5)))
+    // What the first and last rows' rings need beyond them.
+    readonly property int ringRoom: 4
 
     // Asked for when it is needed: rows come, go and move.
     function selectedRow(): int {
         return root.companion.folders.rowOf(root.selection);
     }
     function selectRow(row: int) {
-        if (row < 0 || row >= root.count)
-            return;
-        root.companion.selection = root.companion.folders.folderIDAt(row);
-        root.positionViewAtIndex(row, ListView.Contain);
+        if (row >= 0 && row < root.count)
+            root.companion.selection = root.companion.folders.folderIDAt(row);
+        root.reveal(root.selectedRow());
     }
     function moveSelection(row: int) {
         root.companion.folders.moveFolder(root.selection, row);
-        root.positionViewAtIndex(root.selectedRow(), ListView.Contain);
+        root.reveal(root.selectedRow());
     }
-    function showSelection() {
-        root.currentIndex = root.selectedRow();
-    }
-    function holdRow(place: point) {
-        const y = root.mapFromItem(null, place).y;
-        const row = root.indexAt(1, y + root.contentY);
-        if (row < root.firstMovableRow)
+    /// Scrolls as little as it takes to show a row and its ring.
+    function reveal(row: int) {
+        if (row < 0)
             return;
-        root.holdOffset = y + root.contentY - row * Theme.rowHeight;
-        root.holdPosition = y;
-        root.heldRow = row;
-        root.heldItem = root.itemAtIndex(row) as CompanionFolderRow;
-    }
-    function dropHeldRow() {
-        const row = root.heldRow;
-        const target = root.dropRow;
-        root.heldRow = -1;
-        root.heldItem = null;
-        if (row >= 0 && target !== row)
-            root.companion.folders.moveFolder(root.companion.folders.folderIDAt(row), target);
+        root.forceLayout(); // or the rows may not have their places yet
+        const top = root.originY + row * Theme.rowHeight - root.ringRoom;
+        const bottom = top + Theme.rowHeight + 2 * root.ringRoom;
+        if (bottom > root.contentY + root.height)
+            root.contentY = bottom - root.height;
+        if (top < root.contentY)
+            root.contentY = top;
     }
 
     clip: true
@@ -68,6 +44,7 @@ ListView {
     activeFocusOnTab: true
     keyNavigationEnabled: false
     boundsBehavior: Flickable.StopAtBounds
+    topMargin: root.ringRoom
     bottomMargin: Theme.selectionInset
     reuseItems: true
     model: root.companion.folders
@@ -75,8 +52,24 @@ ListView {
     Accessible.role: Accessible.List
     Accessible.name: qsTr("Dock Folders")
     ScrollBar.vertical: CompanionScrollBar {}
-    onSelectionChanged: root.showSelection()
-    onCountChanged: root.showSelection()
+    onSelectionChanged: {
+        root.currentIndex = root.selectedRow();
+        root.reveal(root.currentIndex);
+    }
+
+    Connections {
+        target: root.companion
+        function onFolderCreated(folderID: string) {
+            root.reveal(root.companion.folders.rowOf(folderID));
+        }
+    }
+
+    Connections {
+        target: root.companion.folders
+        function onOrderChanged() {
+            root.currentIndex = root.selectedRow();
+        }
+    }
 
     Keys.onPressed: event => {
         const moves = event.modifiers & Qt.AltModifier;
@@ -102,36 +95,18 @@ ListView {
             choose(Math.min(root.count - 1, root.selectedRow() + Math.floor(root.height / Theme.rowHeight)));
             break;
         default:
-            event.accepted = root.typeAhead(event);
+            event.accepted = typeAhead.take(event, root.selectedRow());
         }
     }
 
-    // Letters typed within a second belong together; the same one again goes on to the next match.
-    function typeAhead(event: var): bool {
-        if (event.text.trim() === "" && !(event.text === " " && root.typedText !== "")
-                || event.modifiers & (Qt.ControlModifier | Qt.AltModifier | Qt.MetaModifier))
-            return false;
-        const goesOn = event.text === root.typedText;
-        root.typedText = goesOn ? event.text : root.typedText + event.text;
-        typing.restart();
-        const from = root.selectedRow() - (goesOn || root.typedText.length === 1 ? 0 : 1);
-        root.selectRow(root.companion.folders.rowStartingWith(root.typedText, from));
-        return true;
-    }
-
-    Timer {
-        id: typing
-        interval: 1000
-        onTriggered: root.typedText = ""
+    TypeAhead {
+        id: typeAhead
+        objectName: "typeAhead"
+        onSearched: (text, row) => root.selectRow(root.companion.folders.rowStartingWith(text, row))
     }
 
     WheelScrolling {
         target: root
-    }
-
-    EdgeScroller {
-        flickable: root
-        position: root.heldRow >= 0 ? root.holdPosition : NaN
     }
 
     displaced: Transition {
@@ -148,9 +123,10 @@ ListView {
 
         width: ListView.view.width
         isSelected: row.folderID === root.companion.selection
+        isCurrent: root.activeFocus && (row.isSelected || root.selection === "" && row.index === 0)
         listHasFocus: root.activeFocus
         receiver: root.companion
-        opacity: row.index === root.heldRow ? 0.35 : 1
+        opacity: row.folderID === reordering.heldFolderID ? 0.35 : 1
         ListView.onPooled: row.isPooled = true
         ListView.onReused: row.isPooled = false
         onPressed: root.forceActiveFocus(Qt.MouseFocusReason)
@@ -161,41 +137,9 @@ ListView {
         onMoveRequested: step => root.companion.folders.moveFolder(row.folderID, row.index + step)
     }
 
-    DragHandler {
-        target: null
-        acceptedButtons: Qt.LeftButton
-        xAxis.enabled: false
-        dragThreshold: 5
-        onActiveChanged: {
-            if (active)
-                root.holdRow(centroid.scenePressPosition);
-            else
-                root.dropHeldRow();
-        }
-        onCentroidChanged: {
-            if (active)
-                root.holdPosition = root.mapFromItem(null, centroid.scenePosition).y;
-        }
-    }
-
-    HeldFolder {
-        parent: root
-        visible: root.heldRow >= 0
-        y: root.holdPosition - root.holdOffset
-        z: 4
-        width: root.width
-        row: root.heldItem
-    }
-
-    Rectangle {
-        parent: root.contentItem
-        visible: root.heldRow >= 0 && root.dropRow !== root.heldRow
-        x: Theme.selectionInset
-        y: (root.dropRow + (root.dropRow > root.heldRow ? 1 : 0)) * Theme.rowHeight - 1
-        z: 3
-        width: root.width - 2 * Theme.selectionInset
-        height: 2
-        radius: 1
-        color: Theme.accent
+    FolderReordering {
+        id: reordering
+        list: root
+        folders: root.companion.folders
     }
 }

@@ -5,21 +5,20 @@ import QtQuick
 Item {
     id: root
 
-    required property CompanionFolderRow row
+    readonly property alias name: nameText.text
+
+    function show(row: CompanionFolderRow) {
+        nameText.text = row.name;
+        thumbnail.folderID = row.folderID;
+        thumbnail.accentColorHex = row.accentColorHex;
+        thumbnail.iconSymbol = row.iconSymbol;
+        thumbnail.pictureSource = row.pictureSource;
+        thumbnail.previewURLs = row.previewURLs;
+        thumbnail.previewColumns = row.previewColumns;
+    }
 
     height: Theme.rowHeight
     Accessible.ignored: true
-    onRowChanged: {
-        if (!root.row)
-            return;
-        nameText.text = root.row.name;
-        thumbnail.folderID = root.row.folderID;
-        thumbnail.accentColorHex = root.row.accentColorHex;
-        thumbnail.iconSymbol = root.row.iconSymbol;
-        thumbnail.pictureSource = root.row.pictureSource;
-        thumbnail.previewURLs = root.row.previewURLs;
-        thumbnail.previewColumns = root.row.previewColumns;
-    }
 
     Rectangle {
         anchors.fill: parent

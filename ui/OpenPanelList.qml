@@ -13,7 +13,6 @@ Item {
     property string selectedURL
     readonly property string selectedName: list.currentItem ? (list.currentItem as OpenPanelRow).text : ""
     readonly property bool isPictureSelected: root.selectedURL !== "" && !root.browser.isDirectory(root.selectedURL)
-    property string typed
     signal opened(url: string)
 
     function select(row: int) {
@@ -23,13 +22,6 @@ Item {
     function selectFirst() {
         root.select(list.count > 0 ? 0 : -1);
     }
-    function findTyped(text: string) {
-        const row = root.browser.rowStartingWith(root.typed + text, root.typed === "" ? list.currentIndex : list.currentIndex - 1);
-        root.typed += text;
-        typingPause.restart();
-        if (row >= 0)
-            root.select(row);
-    }
 
     onDirectoryURLChanged: root.selectFirst()
     onActiveFocusChanged: {
@@ -37,10 +29,13 @@ Item {
             list.forceActiveFocus(Qt.OtherFocusReason);
     }
 
-    Timer {
-        id: typingPause
-        interval: 1000
-        onTriggered: root.typed = ""
+    TypeAhead {
+        id: typeAhead
+        onSearched: (text, row) => {
+            const found = root.browser.rowStartingWith(text, row);
+            if (found >= 0)
+                root.select(found);
+        }
     }
 
     CompanionText {
@@ -77,10 +72,8 @@ Item {
                 root.selectFirst();
             else if (event.key === Qt.Key_End)
                 root.select(list.count - 1);
-            else if (event.text > " " && !(event.modifiers & Qt.ControlModifier))
-                root.findTyped(event.text);
             else
-                event.accepted = false;
+                event.accepted = typeAhead.take(event, list.currentIndex);
         }
 
         WheelScrolling {

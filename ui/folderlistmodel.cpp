@@ -34,9 +34,13 @@ void FolderListModel::update()
     for (const DockFolder &folder : m_store.folders())
         rows.append(rowFor(folder, m_store.isLocked(folder.id)));
     m_pictures.keepOnly(m_store.folders());
+    const bool isReordered
+        = !std::ranges::equal(this->rows(), rows, {}, &FolderRow::id, &FolderRow::id);
     updateRows(rows);
     if (firstMovableRow() != formerFirst)
         Q_EMIT firstMovableRowChanged();
+    if (isReordered)
+        Q_EMIT orderChanged();
 }
 
 QString FolderListModel::status(const FolderRow &row)

@@ -59,6 +59,8 @@ public:
 
 Q_SIGNALS:
     void firstMovableRowChanged();
+    /// Rows have come, gone or moved, and all are in place.
+    void orderChanged();
 
 private:
     void update();

@@ -15,6 +15,11 @@ private Q_SLOTS:
     void aDropOnTheItemsAddsToo();
     void theAppStoreFolderTakesNoDrops();
     void aLockedFolderTakesNoDrops();
+    void aDropGoesToTheFolderThatItFellOn_data();
+    void aDropGoesToTheFolderThatItFellOn();
+    void aDropIsKeptThoughItsRowIsScrolledAway();
+    void theLookTellsOfTheDragAndOfTheDock();
+    void scrollingUnderAStillDragLeavesNoHighlight();
 
 private:
     [[nodiscard]] QStringList itemsOf(const DockFolder &folder)
@@ -24,6 +29,35 @@ private:
     [[nodiscard]] QPoint rowCentre(const QString &name)
     {
         return WindowFixture::centre(m_window->row(name));
+    }
+
+    [[nodiscard]] QString themeColor(const char *role)
+    {
+        return m_window->evaluate(QStringLiteral("Theme.") + QLatin1StringView(role))
+            .value<QColor>()
+            .name(QColor::HexArgb);
+    }
+    [[nodiscard]] QString captionInk(const QString &name)
+    {
+        return WindowFixture::part(m_window->row(name), "caption")
+            ->property("color")
+            .value<QColor>()
+            .name(QColor::HexArgb);
+    }
+    [[nodiscard]] QQuickItem *outline(const QString &name)
+    {
+        return WindowFixture::part(m_window->row(name), "dropOutline");
+    }
+    /// The rows that look like drop targets, or begin to.
+    [[nodiscard]] QStringList highlighted()
+    {
+        QStringList names;
+        for (const QString &name : m_window->rowNames()) {
+            if (m_window->row(name)->property("isDropTargeted").toBool()
+                || outline(name)->opacity() > 0)
+                names.append(name);
+        }
+        return names;
     }
 
     const DockFolder m_a = folderNamed(QStringLiteral("A"));
@@ -109,6 +143,106 @@ void WindowDropsTest::aLockedFolderTakesNoDrops()
     IncomingDrag drag(*m_window->window, "file:///tmp/x");
     QVERIFY(!drag.enter(rowCentre(m_a.name)));
     QVERIFY(!drag.move(WindowFixture::centre(m_window->named("itemGrid"))));
+}
+
+void WindowDropsTest::aDropGoesToTheFolderThatItFellOn_data()
+{
+    QTest::addColumn<QByteArray>("target");
+    QTest::addColumn<QString>("next");
+    for (const char *target : {"detailDropTarget", "headerDropTarget", "itemGrid"}) {
+        QTest::addRow("%s, then another folder", target) << QByteArray(target) << m_a.name;
+        QTest::addRow("%s, then the App Store folder", target)
+            << QByteArray(target) << QStringLiteral("Nestlet");
+    }
+}
+
+// Files are read after the drop: the detail may show something else by then.
+void WindowDropsTest::aDropGoesToTheFolderThatItFellOn()
+{
+    QFETCH(QByteArray, target);
+    QFETCH(QString, next);
+    m_window->installNestlet();
+    m_window->store->refreshPresence();
+    QTRY_VERIFY(m_window->row(QStringLiteral("Nestlet")));
+    m_window->click(m_window->row(m_b.name));
+    QQuickItem *const item = m_window->named(target.constData());
+    const QPoint place = item->mapToScene({30, 20}).toPoint();
+    IncomingDrag drag(*m_window->window, "file:///tmp/x");
+    QVERIFY(drag.enter(place));
+    drag.drop(place);
+    m_window->model->setSelection(m_window->model->folders()->folderIDAt(next == m_a.name ? 1 : 0));
+    QTRY_COMPARE(itemsOf(m_b), (QStringList{QStringLiteral("b"), QStringLiteral("x")}));
+    QCOMPARE(itemsOf(m_a), QStringList());
+}
+
+void WindowDropsTest::aDropIsKeptThoughItsRowIsScrolledAway()
+{
+    QList<DockFolder> many{m_a, m_b};
+    for (int number = 0; number < 60; ++number)
+        many.append(folderNamed(QStringLiteral("Folder %1").arg(number)));
+    m_window->changeFromOutside(many);
+    IncomingDrag drag(*m_window->window, "file:///tmp/x");
+    const QPoint place = rowCentre(m_b.name);
+    QVERIFY(drag.enter(place));
+    drag.drop(place);
+    QQuickItem *const list = m_window->named("folderList");
+    for (const qreal position : {300.0, 900.0, 1800.0}) { // its row is used for others
+        list->setProperty("contentY", position);
+        list->ensurePolished();
+    }
+    QTRY_COMPARE(itemsOf(m_b), (QStringList{QStringLiteral("b"), QStringLiteral("x")}));
+    for (const DockFolder &folder : many.sliced(2))
+        QCOMPARE(itemsOf(folder), QStringList());
+}
+
+void WindowDropsTest::theLookTellsOfTheDragAndOfTheDock()
+{
+    m_window->installNestlet();
+    m_window->store->installProxy(m_b.id);
+    m_window->finishEverything();
+    CompanionStoreTestAccess::lock(*m_window->store, m_b.id);
+    m_window->store->refreshPresence();
+    const QString secondary = themeColor("secondary");
+    QCOMPARE(captionInk(m_b.name), secondary); // in the Dock, but the App Store's
+    QCOMPARE(captionInk(m_a.name), secondary);
+    m_window->store->installProxy(m_a.id);
+    m_window->finishEverything();
+    QCOMPARE(m_window->caption(m_a.name), QStringLiteral("Ready in Dock"));
+    QCOMPARE(captionInk(m_a.name), themeColor("blueInk"));
+    QCOMPARE(outline(m_a.name)->opacity(), 0.0);
+
+    IncomingDrag drag(*m_window->window, "file:///tmp/x");
+    QVERIFY(drag.enter(rowCentre(m_a.name)));
+    QTRY_COMPARE(outline(m_a.name)->opacity(), 1.0);
+    const auto *const border = outline(m_a.name)->property("border").value<QObject *>();
+    QCOMPARE(border->property("color").value<QColor>().name(QColor::HexArgb), themeColor("accent"));
+    QVERIFY(border->property("width").toInt() > 0);
+    QCOMPARE(captionInk(m_a.name), themeColor("accentInk"));
+    QCOMPARE(outline(m_b.name)->opacity(), 0.0);
+    drag.leave();
+    QTRY_COMPARE(outline(m_a.name)->opacity(), 0.0);
+    QCOMPARE(captionInk(m_a.name), themeColor("blueInk"));
+}
+
+void WindowDropsTest::scrollingUnderAStillDragLeavesNoHighlight()
+{
+    QList<DockFolder> many;
+    for (int number = 0; number < 60; ++number)
+        many.append(folderNamed(QStringLiteral("Folder %1").arg(number)));
+    m_window->changeFromOutside(many);
+    IncomingDrag drag(*m_window->window, "file:///tmp/x");
+    const QPoint place = rowCentre(QStringLiteral("Folder 3"));
+    QVERIFY(drag.enter(place));
+    QQuickItem *const list = m_window->named("folderList");
+    for (const qreal position : {900.0, 1800.0, 600.0}) {
+        list->setProperty("contentY", position);
+        list->ensurePolished();
+        QCOMPARE(highlighted(), QStringList());
+    }
+    QVERIFY(drag.move(place + QPoint(1, 1)));
+    QCOMPARE(highlighted().size(), 1);
+    drag.leave();
+    QCOMPARE(highlighted(), QStringList());
 }
 
 QTEST_MAIN(WindowDropsTest)

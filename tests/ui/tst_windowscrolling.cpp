@@ -111,7 +111,7 @@ void WindowScrollingTest::aDraggedRowIsReordered()
                           QStringLiteral("Folder 0"), QStringLiteral("Folder 3")}));
     QCOMPARE(m_window->savedLibrary()->folders.at(2).id, m_folders.first().id);
     QCOMPARE(m_window->model->selection(), uuidText(m_folders.first().id));
-    QCOMPARE(position(m_window->named("folderList")), 0.0);
+    QCOMPARE(position(m_window->named("folderList")), -4.0);
 }
 
 void WindowScrollingTest::theAppStoreFolderIsNotDragged()

@@ -21,6 +21,11 @@ private Q_SLOTS:
     void shortcutsAreNoLetters();
     void theRingFollowsTheKeyboardOnly();
     void theListIsFocusedFirst();
+    void withoutASelectionTheFirstRowHasTheRing();
+    void theFirstAndTheLastRowsRingsAreWhole();
+    void selectingElsewhereRevealsTheRow();
+    void aNewFolderIsRevealed();
+    void aFolderFromOutsideDoesNotScroll();
 
 private:
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
@@ -37,7 +42,10 @@ private:
     }
     [[nodiscard]] QStringList order() const { return namesOf(m_window->store->folders()); }
     void fillWith(int count);
-    [[nodiscard]] bool hasRing(const QString &name) const;
+    [[nodiscard]] bool hasRing(const QString &name) const
+    {
+        return WindowFixture::hasRing(m_window->row(name));
+    }
 
     const DockFolder m_a = folderNamed(QStringLiteral("Apples"));
     const DockFolder m_b = folderNamed(QStringLiteral("bananas"));
@@ -59,19 +67,6 @@ void WindowSidebarKeysTest::fillWith(int count)
     for (int number = 0; number < count; ++number)
         many.append(folderNamed(QStringLiteral("Folder %1").arg(number)));
     m_window->changeFromOutside(many);
-}
-
-// The selected row's, around its highlight.
-bool WindowSidebarKeysTest::hasRing(const QString &name) const
-{
-    QList<QQuickItem *> items{m_window->row(name)};
-    while (!items.isEmpty()) {
-        QQuickItem *const item = items.takeFirst();
-        if (QByteArray(item->metaObject()->className()).startsWith("FocusRing"))
-            return item->isVisible();
-        items.append(item->childItems());
-    }
-    return false;
 }
 
 void WindowSidebarKeysTest::homeAndEndSelectTheFirstAndTheLast()
@@ -109,7 +104,7 @@ void WindowSidebarKeysTest::selectingRevealsTheRow()
     QVERIFY(top + last->height() <= list->height());
     press(Qt::Key_Home);
     QVERIFY(m_window->row(QStringLiteral("Folder 0")));
-    QCOMPARE(m_window->row(QStringLiteral("Folder 0"))->mapToItem(list, {}).y(), 0.0);
+    QCOMPARE(m_window->row(QStringLiteral("Folder 0"))->mapToItem(list, {}).y(), 4.0);
 }
 
 void WindowSidebarKeysTest::altAndAnArrowMoveTheFolder()
@@ -176,8 +171,9 @@ void WindowSidebarKeysTest::lettersAfterAPauseBeginAnew()
 {
     m_window->type(QStringLiteral("old b")); // the blank is one of them
     QCOMPARE(selected(), m_d.name);
-    QQuickItem *const list = m_window->named("folderList");
-    QTRY_COMPARE(list->property("typedText").toString(), QString());
+    const QObject *const typeAhead
+        = m_window->window->findChild<QObject *>(QStringLiteral("typeAhead"));
+    QTRY_COMPARE(typeAhead->property("typedText").toString(), QString());
     m_window->type(QStringLiteral("a"));
     QCOMPARE(selected(), m_a.name);
 }
@@ -214,6 +210,79 @@ void WindowSidebarKeysTest::theRingFollowsTheKeyboardOnly()
 void WindowSidebarKeysTest::theListIsFocusedFirst()
 {
     QVERIFY(m_window->named("folderList")->hasActiveFocus());
+}
+
+void WindowSidebarKeysTest::withoutASelectionTheFirstRowHasTheRing()
+{
+    QVERIFY(!hasRing(m_a.name)); // the keyboard has not been used
+    for (int stop = 0; stop < 4; ++stop)
+        press(Qt::Key_Tab);
+    for (int stop = 0; stop < 4 && !m_window->named("folderList")->hasActiveFocus(); ++stop)
+        press(Qt::Key_Tab);
+    QCOMPARE(selected(), QString());
+    QVERIFY(m_window->named("folderList")->hasActiveFocus());
+    QVERIFY(hasRing(m_a.name));
+    QVERIFY(!hasRing(m_b.name));
+    QVERIFY(m_window->control(QAccessible::ListItem, m_a.name)->state().focused);
+    press(Qt::Key_Tab);
+    QVERIFY(!hasRing(m_a.name));
+}
+
+void WindowSidebarKeysTest::theFirstAndTheLastRowsRingsAreWhole()
+{
+    fillWith(40);
+    const QQuickItem *const list = m_window->named("folderList");
+    const auto ringOf = [&](int number) {
+        QQuickItem *const row = m_window->row(QStringLiteral("Folder %1").arg(number));
+        return row->mapRectToItem(list, QRectF(0, 0, row->width(), row->height()))
+            .adjusted(10 - 3, -3, 3 - 10, 3);
+    };
+    const QRectF shown(0, 0, list->width(), list->height());
+    QVERIFY(shown.contains(ringOf(0)));
+    press(Qt::Key_End);
+    QVERIFY(shown.contains(ringOf(39)));
+    press(Qt::Key_Home);
+    QVERIFY(shown.contains(ringOf(0)));
+    press(Qt::Key_PageDown);
+    press(Qt::Key_Down);
+    press(Qt::Key_Down);
+    QVERIFY(shown.contains(ringOf(int(list->height()) / 52 + 2)));
+}
+
+void WindowSidebarKeysTest::selectingElsewhereRevealsTheRow()
+{
+    fillWith(100);
+    press(Qt::Key_End);
+    m_window->model->detail()->removeFolder(); // the first is selected then
+    QCOMPARE(selected(), QStringLiteral("Folder 0"));
+    const QQuickItem *const list = m_window->named("folderList");
+    QVERIFY(m_window->row(QStringLiteral("Folder 0")));
+    QCOMPARE(m_window->row(QStringLiteral("Folder 0"))->mapToItem(list, {}).y(), 4.0);
+}
+
+void WindowSidebarKeysTest::aNewFolderIsRevealed()
+{
+    fillWith(100);
+    press(Qt::Key_Home);
+    press(Qt::Key_N, Qt::ControlModifier);
+    const QQuickItem *const list = m_window->named("folderList");
+    const QQuickItem *const added = m_window->row(QStringLiteral("Dock Folder 101"));
+    QVERIFY(added);
+    QVERIFY(added->mapToItem(list, {}).y() + added->height() <= list->height());
+    QCOMPARE(selected(), QStringLiteral("Folder 0"));
+}
+
+void WindowSidebarKeysTest::aFolderFromOutsideDoesNotScroll()
+{
+    fillWith(100);
+    press(Qt::Key_Home);
+    const QQuickItem *const list = m_window->named("folderList");
+    const qreal place = list->property("contentY").toReal();
+    QList<DockFolder> more = m_window->store->folders();
+    more.append(folderNamed(QStringLiteral("More")));
+    m_window->changeFromOutside(more);
+    QVERIFY(m_window->row(QStringLiteral("Folder 0")));
+    QCOMPARE(list->property("contentY").toReal(), place);
 }
 
 QTEST_MAIN(WindowSidebarKeysTest)

@@ -1,0 +1,104 @@
+import QtQuick
+import Nestlet.Companion
+
+/// Moves folders about in their list by the pointer: which one is held, where it is, and where it would
+/// go. It is held by its id: the list may change meanwhile.
+Item {
+    id: root
+
+    required property ListView list
+    required property FolderListModel folders
+    property string heldFolderID
+    property int heldRow: -1
+    /// Where in the row it is held, and where the pointer is in the visible part of the list.
+    property real holdOffset: 0
+    property real holdPosition: 0
+    readonly property real heldTop: root.holdPosition - root.holdOffset
+    readonly property int dropRow: {
+        if (root.heldRow < 0)
+            return -1;
+        const row = Math.round((root.heldTop + root.list.contentY - root.list.originY) / Theme.rowHeight);
+        return Math.max(root.folders.firstMovableRow, Math.min(root.list.count - 1, row));
+    }
+
+    function hold(place: point) {
+        const y = root.list.mapFromItem(null, place).y;
+        const row = root.list.itemAt(1, y + root.list.contentY) as CompanionFolderRow;
+        if (!row || row.index < root.folders.firstMovableRow)
+            return;
+        root.holdOffset = y + root.list.contentY - row.y;
+        root.holdPosition = y;
+        root.heldRow = row.index;
+        root.heldFolderID = row.folderID;
+        picture.show(row);
+    }
+    function letGo() {
+        root.heldFolderID = "";
+        root.heldRow = -1;
+    }
+    function drop() {
+        const folderID = root.heldFolderID;
+        const target = root.dropRow;
+        root.letGo();
+        if (folderID !== "")
+            root.folders.moveFolder(folderID, target);
+    }
+
+    parent: root.list
+    anchors.fill: parent
+    z: 4
+
+    Connections {
+        target: root.folders
+        enabled: root.heldFolderID !== ""
+        function onOrderChanged() {
+            root.heldRow = root.folders.rowOf(root.heldFolderID);
+            if (root.heldRow < 0)
+                root.letGo();
+        }
+    }
+
+    DragHandler {
+        parent: root.list
+        target: null
+        acceptedButtons: Qt.LeftButton
+        xAxis.enabled: false
+        dragThreshold: 5
+        onActiveChanged: {
+            if (active)
+                root.hold(centroid.scenePressPosition);
+            else
+                root.drop();
+        }
+        onCentroidChanged: {
+            if (active)
+                root.holdPosition = root.list.mapFromItem(null, centroid.scenePosition).y;
+        }
+    }
+
+    EdgeScroller {
+        flickable: root.list
+        position: root.heldRow >= 0 ? root.holdPosition : NaN
+    }
+
+    HeldFolder {
+        id: picture
+        objectName: "heldFolder"
+        visible: root.heldRow >= 0
+        y: root.heldTop
+        width: root.width
+    }
+
+    Rectangle {
+        objectName: "dropMarker"
+        parent: root.list.contentItem
+        visible: root.heldRow >= 0 && root.dropRow !== root.heldRow
+        x: Theme.selectionInset
+        y: root.list.originY + (root.dropRow + (root.dropRow > root.heldRow ? 1 : 0)) * Theme.rowHeight - 1
+        z: 3
+        width: root.width - 2 * Theme.selectionInset
+        height: 2
+        radius: 1
+        color: Theme.accent
+    }
+}
