@@ -29,9 +29,10 @@ Dialog {
     header: null
     footer: null
 
-    T.Overlay.modal: Rectangle {
-        color: Theme.dimming
-    }
+    enter: SheetEnter {}
+    exit: SheetExit {}
+
+    T.Overlay.modal: SheetDimming {}
 
     background: Item { // qmllint disable deferred-property-id
         SheetShadow {}
@@ -47,6 +48,7 @@ Dialog {
 
     contentItem: Column { // qmllint disable deferred-property-id
         spacing: 8
+        Keys.forwardTo: [scroll]
 
         Symbol {
             anchors.horizontalCenter: parent.horizontalCenter
@@ -67,6 +69,8 @@ Dialog {
         }
 
         ScrollArea {
+            id: scroll
+            objectName: "alertScroll"
             width: parent.width
             height: Math.min(contentHeight, 320)
             contentHeight: messageText.height

@@ -8,6 +8,10 @@ Rectangle {
     required property CompanionViewModel model
     signal resetRequested
 
+    function focusList() {
+        list.forceActiveFocus(Qt.OtherFocusReason);
+    }
+
     color: Theme.sidebar
 
     Item {

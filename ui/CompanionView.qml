@@ -13,6 +13,10 @@ ApplicationWindow {
     property SystemPanels panels: null
     property bool isConfirmingReset: false
     property bool hasStyledToolTip: false
+    readonly property CompanionFolderDetail folderDetail: detail.item as CompanionFolderDetail
+    readonly property bool hasDialog: root.isConfirmingReset || root.model.errorMessage !== ""
+                                      || root.folderDetail !== null && (root.folderDetail.isConfirmingDelete
+                                                                        || root.folderDetail.showAppPicker)
 
     title: qsTr("Nestlet Companion")
     width: 1060
@@ -20,8 +24,10 @@ ApplicationWindow {
     minimumWidth: 1060
     minimumHeight: 800
     visible: true
-    color: Theme.content
-    background: CompanionWindowBackground {}
+    color: ground.color
+    background: CompanionWindowBackground {
+        id: ground
+    }
     font: Theme.body
     LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft // qmllint disable unqualified
     LayoutMirroring.childrenInherit: true
@@ -48,34 +54,19 @@ ApplicationWindow {
         toolTip.background = toolTipGround.createObject(root.contentItem) as Item;
         toolTip.padding = 6;
     }
-    onFrameSwapped: {
-        if (!root.hasStyledToolTip) {
+    Connections {
+        target: root
+        enabled: !root.hasStyledToolTip
+        function onFrameSwapped() {
             root.hasStyledToolTip = true;
             root.styleToolTip(strips.ToolTip.toolTip);
         }
     }
 
-    Shortcut {
-        sequence: "Ctrl+N"
-        enabled: !menuBar.active // which has it, as Command-N
-        onActivated: root.model.createFolder()
-    }
-
-    Loader {
-        id: menuBar
-        active: Qt.platform.os === "osx"
-        source: "MacMenuBar.qml"
-    }
-
-    Connections {
-        target: menuBar.item
-        ignoreUnknownSignals: true
-        function onNewFolderRequested() {
-            root.model.createFolder();
-        }
-        function onCloseRequested() {
-            root.close();
-        }
+    WindowCommands {
+        isBlocked: root.hasDialog
+        onNewFolderRequested: root.model.createFolder()
+        onCloseRequested: root.close()
     }
 
     Announcement {
@@ -90,30 +81,12 @@ ApplicationWindow {
         }
     }
 
-    Column {
+    WindowStrips {
         id: strips
         anchors.left: parent.left
         anchors.right: parent.right
-
-        Loader {
-            width: parent.width
-            active: !root.model.isNestletInstalled
-            visible: active
-
-            sourceComponent: NestletMissingBanner {}
-        }
-
-        Loader {
-            width: parent.width
-            active: root.model.isUpdateAvailable
-            visible: active
-
-            sourceComponent: UpdateAvailableBanner {
-                version: root.model.availableVersion
-                onDownloadRequested: root.model.downloadUpdate()
-                onDismissed: root.model.dismissUpdate()
-            }
-        }
+        model: root.model
+        onFocusLost: sidebar.focusList()
     }
 
     Item {
@@ -204,16 +177,22 @@ ApplicationWindow {
         }
     }
 
+    // Made for the first error, and kept: it fades away when the error has gone.
     Loader {
-        active: root.model.errorMessage !== ""
+        id: errorAlert
+        active: false
+        Component.onCompleted: active = root.model.errorMessage !== ""
 
-        sourceComponent: AlertPanel {
-            objectName: "errorAlert"
-            title: qsTr("Companion Error")
-            message: root.model.errorMessage
-            dismissText: qsTr("OK")
-            visible: true
-            onClosed: root.model.clearError()
+        sourceComponent: ErrorAlert {
+            model: root.model
+        }
+    }
+
+    Connections {
+        target: root.model
+        enabled: !errorAlert.active
+        function onErrorMessageChanged() {
+            errorAlert.active = root.model.errorMessage !== "";
         }
     }
 }

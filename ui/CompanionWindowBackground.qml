@@ -1,6 +1,7 @@
 import QtQuick
 
-/// The ground of a window's content.
-Rectangle {
-    color: Theme.content
+/// The ground of a window's content. The window paints it, as what each of its pictures begins with: it
+/// takes its colour from here.
+Item {
+    readonly property color color: Theme.content
 }

@@ -5,6 +5,8 @@ import Qt.labs.platform as Native
 Native.MenuBar {
     id: root
 
+    /// A dialog is shown, which comes first.
+    property bool isBlocked: false
     signal newFolderRequested
     signal closeRequested
 
@@ -14,6 +16,7 @@ Native.MenuBar {
         Native.MenuItem {
             text: qsTr("New Dock Folder")
             shortcut: StandardKey.New
+            enabled: !root.isBlocked
             onTriggered: root.newFolderRequested()
         }
 

@@ -28,6 +28,21 @@ Flickable {
         root.reveal(top - root.ringRoom, top + root.focusItem.height + root.ringRoom);
     }
 
+    // A line, a page, or all the way. False: no key that scrolls.
+    function scrollByKey(key: int): bool {
+        const last = Math.max(0, root.contentHeight - root.height);
+        const page = Math.max(root.line, root.height - root.line);
+        const steps = new Map([[Qt.Key_Up, -root.line], [Qt.Key_Down, root.line], [Qt.Key_PageUp, -page],
+                               [Qt.Key_PageDown, page], [Qt.Key_Home, -last], [Qt.Key_End, last]]);
+        if (!steps.has(key) || last === 0)
+            return false;
+        root.contentY = Math.max(0, Math.min(last, root.contentY + steps.get(key)));
+        return true;
+    }
+
+    readonly property int line: 40
+
+    Keys.onPressed: event => event.accepted = event.modifiers === Qt.NoModifier && root.scrollByKey(event.key)
     clip: true
     contentWidth: width
     boundsBehavior: Flickable.StopAtBounds

@@ -19,6 +19,9 @@ private Q_SLOTS:
     void anErrorIsShownAndClearedOnce();
     void aSecondErrorReplacesTheFirst();
     void theSameErrorIsShownAgain();
+    void aLongErrorIsScrolledByKeys();
+    void anErrorThatComesWhileTheLastOneFadesIsShown();
+    void theMenusKnowOfEveryDialog();
 
 private:
     CompanionStore &store() { return *m_window->store; }
@@ -152,6 +155,72 @@ void WindowDialogsTest::theSameErrorIsShownAgain()
         m_window->click(m_window->button(QStringLiteral("OK")));
         QVERIFY(closes("errorAlert"));
     }
+}
+
+void WindowDialogsTest::aLongErrorIsScrolledByKeys()
+{
+    fail(QStringLiteral("A long story. ").repeated(400));
+    QVERIFY(opens("errorAlert"));
+    QTRY_VERIFY(m_window->button(QStringLiteral("OK"))->hasActiveFocus());
+    const QQuickItem *const message = m_window->named("alertScroll");
+    const auto place = [message] { return message->property("contentY").toReal(); };
+    const qreal last = message->property("contentHeight").toReal() - message->height();
+    QVERIFY(last > 1000);
+    m_window->press(Qt::Key_Down);
+    const qreal line = place();
+    QVERIFY(line > 0);
+    m_window->press(Qt::Key_PageDown);
+    QVERIFY(place() > line + message->height() / 2);
+    m_window->press(Qt::Key_PageUp);
+    m_window->press(Qt::Key_Up);
+    QCOMPARE(place(), 0.0);
+    m_window->press(Qt::Key_Up);
+    QCOMPARE(place(), 0.0);
+    m_window->press(Qt::Key_End);
+    m_window->press(Qt::Key_Down);
+    QCOMPARE(place(), last);
+    m_window->press(Qt::Key_Return);
+    QVERIFY(closes("errorAlert"));
+}
+
+// The alert takes its time to fade away.
+void WindowDialogsTest::anErrorThatComesWhileTheLastOneFadesIsShown()
+{
+    fail(QStringLiteral("First"));
+    QVERIFY(opens("errorAlert"));
+    m_window->press(Qt::Key_Escape);
+    QVERIFY(!m_window->isOpen("errorAlert"));
+    fail(QStringLiteral("Second"));
+    QVERIFY(opens("errorAlert"));
+    QVERIFY(text(QStringLiteral("Second")));
+    QVERIFY(!text(QStringLiteral("First")));
+    QCOMPARE(store().errorMessage(), QStringLiteral("Second"));
+}
+
+void WindowDialogsTest::theMenusKnowOfEveryDialog()
+{
+    const auto hasDialog = [this] { return m_window->window->property("hasDialog").toBool(); };
+    QVERIFY(!hasDialog());
+    fail(QStringLiteral("First"));
+    QVERIFY(hasDialog());
+    store().clearError();
+    QVERIFY(!hasDialog());
+    const auto *const alert = m_window->window->findChild<QObject *>(QStringLiteral("errorAlert"));
+    QTRY_VERIFY(!alert->property("visible").toBool());
+    QVERIFY(m_window->choose(QStringLiteral("More"), QStringLiteral("Reset Companion…")));
+    QVERIFY(opens("resetDialog"));
+    QVERIFY(hasDialog());
+    m_window->press(Qt::Key_N, Qt::ControlModifier);
+    QCOMPARE(store().folders().size(), 2);
+    m_window->press(Qt::Key_Escape);
+    QTRY_VERIFY(!hasDialog());
+    QVERIFY(m_window->choose(QStringLiteral("Folder Actions"), QStringLiteral("Remove Folder")));
+    QVERIFY(opens("removeDialog"));
+    QVERIFY(hasDialog());
+    m_window->press(Qt::Key_Escape);
+    QTRY_VERIFY(!hasDialog());
+    m_window->click(m_window->named("addAppsButton"));
+    QTRY_VERIFY(hasDialog());
 }
 
 QTEST_MAIN(WindowDialogsTest)
