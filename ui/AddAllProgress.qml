@@ -28,7 +28,7 @@ Item {
         anchors.leftMargin: Theme.selectionInset + Theme.rowInset
         anchors.rightMargin: Theme.selectionInset + Theme.rowInset
         y: 11
-        text: qsTr("Adding to Dock… %1 of %2").arg(Number(root.done).toLocaleString(Qt.locale(), "f", 0)).arg(Number(root.total).toLocaleString(Qt.locale(), "f", 0))
+        text: qsTr("Adding to Dock: %1 of %2").arg(Number(root.done).toLocaleString(Qt.locale(), "f", 0)).arg(Number(root.total).toLocaleString(Qt.locale(), "f", 0))
         font: Theme.captionMedium
         wrapMode: Text.Wrap
         maximumLineCount: 2

@@ -1,4 +1,5 @@
 import QtQuick
+import QtQuick.Controls.Basic
 
 /// A strip over the whole width of the window: a symbol, a title over a text, and controls behind them.
 Item {
@@ -45,14 +46,24 @@ Item {
         anchors.rightMargin: 12
         anchors.verticalCenter: parent.verticalCenter
         spacing: 2
+        // Whatever does not fit is told in full.
+        ToolTip.text: root.title + "\n" + root.text
+        ToolTip.visible: hover.hovered && (titleText.truncated || explanation.truncated)
+        ToolTip.delay: Theme.toolTipDelay
+
+        HoverHandler {
+            id: hover
+        }
 
         CompanionText {
+            id: titleText
             width: parent.width
             text: root.title
             font: Theme.subheadlineSemibold
         }
 
         CompanionText {
+            id: explanation
             width: parent.width
             text: root.text
             font: Theme.caption

@@ -1,5 +1,6 @@
 import QtQuick
 import QtQuick.Controls.Basic
+import Nestlet.Companion
 
 /// The button that puts a folder into the Dock or builds its Dock app anew.
 Button {
@@ -8,8 +9,9 @@ Button {
     required property bool isInstalled
     required property bool isBusy
     property bool hadFocus: false
+    readonly property bool showsFocus: root.activeFocus && InputModality.isKeyboard
 
-    text: root.isBusy ? (root.isInstalled ? qsTr("Updating Dock…") : qsTr("Adding to Dock…"))
+    text: root.isBusy ? (root.isInstalled ? qsTr("Updating Dock") : qsTr("Adding to Dock"))
                       : (root.isInstalled ? qsTr("Update Dock") : qsTr("Show in Dock"))
     leftPadding: 20
     rightPadding: 20
@@ -68,6 +70,6 @@ Button {
     background: DockButtonStyle {
         isPressed: root.down
         isHovered: root.hovered
-        hasFocusRing: root.visualFocus
+        hasFocusRing: root.showsFocus
     }
 }

@@ -39,7 +39,7 @@ Item {
     }
 
     Timer {
-        running: root.visible
+        running: root.visible && !Theme.reducesMotion
         interval: 100
         repeat: true
         onTriggered: root.turn = (root.turn + 1) % root.spokes

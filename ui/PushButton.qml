@@ -1,5 +1,6 @@
 import QtQuick
 import QtQuick.Controls.Basic
+import Nestlet.Companion
 
 /// A push button. The default one is filled with the accent; a destructive one is red.
 Button {
@@ -10,7 +11,8 @@ Button {
     property bool isLarge: false
     /// In front of the text; empty: none.
     property string symbol
-    readonly property color ink: root.isDefault ? Theme.accentText : root.isDestructive ? Theme.redInk
+    readonly property bool showsFocus: root.activeFocus && InputModality.isKeyboard
+    readonly property color ink: root.isDefault ? Theme.accentText : root.isDestructive ? Theme.destructiveInk
                                                                                         : Theme.primary
 
     implicitHeight: root.isLarge ? 32 : 24
@@ -76,7 +78,7 @@ Button {
         }
 
         FocusRing {
-            visible: root.visualFocus
+            visible: root.showsFocus
         }
     }
 }

@@ -1,5 +1,6 @@
 import QtQuick
 import QtQuick.Controls.Basic
+import Nestlet.Companion
 
 /// A button that shows only a symbol; `text` is its tooltip and its name.
 ToolButton {
@@ -9,6 +10,7 @@ ToolButton {
     property real symbolSize: 16
     property int symbolWeight: Font.Normal
     property bool isMenuShown: false
+    readonly property bool showsFocus: root.activeFocus && InputModality.isKeyboard
 
     implicitWidth: 28
     implicitHeight: 28
@@ -45,7 +47,7 @@ ToolButton {
                                              : root.hovered ? Theme.faded(Theme.primary, 0.06) : "transparent"
 
         FocusRing {
-            visible: root.visualFocus
+            visible: root.showsFocus
         }
     }
 }

@@ -179,7 +179,7 @@ void WindowBannersTest::aLockedFolderTellsWhy()
 void WindowBannersTest::progressOfAddingAllIsShown()
 {
     QVERIFY(openWith(false, true));
-    const QString text = QStringLiteral("Adding to Dock… %1 of 1").arg(QLocale().toString(0));
+    const QString text = QStringLiteral("Adding to Dock: %1 of 1").arg(QLocale().toString(0));
     QVERIFY(!m_window->control(QAccessible::ProgressBar, text));
     m_window->model->addAllToDock();
     const QAccessibleInterface *shown = m_window->control(QAccessible::ProgressBar, text);

@@ -24,6 +24,9 @@ private Q_SLOTS:
     void theDockButtonGetsTheFocusBackAfterItsWork();
     void theBusyDockButtonIsNotPressedAgain();
     void ringsAreShownToTheKeyboardOnly();
+    void theFocusOfADismissedStripGoesToTheList();
+    void theSidebarsEdgeIsMovedByKeys_data();
+    void theSidebarsEdgeIsMovedByKeys();
 
 private:
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
@@ -108,6 +111,7 @@ void WindowFocusTest::tabGoesThroughEverythingInOrderAndRound()
                                QStringLiteral("Auto"),
                                QStringLiteral("Add Apps"),
                                QStringLiteral("x"), // the first of the items
+                               QStringLiteral("Sidebar Width"),
                                QStringLiteral("New Dock Folder"),
                                QStringLiteral("More")};
     focus(m_window->named("folderList"));
@@ -130,7 +134,8 @@ void WindowFocusTest::aLockedFolderLeavesOutWhatItLacks()
     focus(m_window->named("folderList"));
     QCOMPARE(stops(),
              (QStringList{m_a.name, QStringLiteral("Folder Actions"), QStringLiteral("x"),
-                          QStringLiteral("New Dock Folder"), QStringLiteral("More")}));
+                          QStringLiteral("Sidebar Width"), QStringLiteral("New Dock Folder"),
+                          QStringLiteral("More")}));
 }
 
 void WindowFocusTest::withNothingSelectedTheSidebarIsAll()
@@ -138,7 +143,8 @@ void WindowFocusTest::withNothingSelectedTheSidebarIsAll()
     m_window->model->setSelection(QString());
     focus(m_window->named("folderList"));
     QCOMPARE(stops().mid(1),
-             (QStringList{QStringLiteral("New Dock Folder"), QStringLiteral("More")}));
+             (QStringList{QStringLiteral("Sidebar Width"), QStringLiteral("New Dock Folder"),
+                          QStringLiteral("More")}));
 }
 
 void WindowFocusTest::buttonsActByReturnAndSpace_data()
@@ -197,6 +203,7 @@ void WindowFocusTest::escapeClosesAMenuAndTheFocusGoesBack()
     press(Qt::Key_Escape);
     QTRY_VERIFY(!m_window->item(QAccessible::MenuItem, QStringLiteral("Add All to Dock")));
     QTRY_COMPARE(focused(), QStringLiteral("More"));
+    QVERIFY(WindowFixture::hasRing(m_window->button(QStringLiteral("More"))));
 }
 
 void WindowFocusTest::escapeCancelsADialogAndTheFocusGoesBack()
@@ -242,13 +249,13 @@ void WindowFocusTest::theDockButtonGetsTheFocusBackAfterItsWork()
     makeInstallationsWait();
     focus(m_window->button(QStringLiteral("Show in Dock")));
     press(Qt::Key_Return);
-    QVERIFY(m_window->button(QStringLiteral("Adding to Dock…")));
-    QVERIFY(focused() != QStringLiteral("Adding to Dock…"));
+    QVERIFY(m_window->button(QStringLiteral("Adding to Dock")));
+    QVERIFY(focused() != QStringLiteral("Adding to Dock"));
     m_window->finishEverything();
     QCOMPARE(focused(), QStringLiteral("Update Dock"));
     makeInstallationsWait();
     press(Qt::Key_Return);
-    QVERIFY(m_window->button(QStringLiteral("Updating Dock…")));
+    QVERIFY(m_window->button(QStringLiteral("Updating Dock")));
     focus(m_window->named("nameField"));
     m_window->finishEverything();
     QCOMPARE(focused(), QStringLiteral("Folder name")); // whoever is elsewhere stays there
@@ -264,7 +271,7 @@ void WindowFocusTest::theBusyDockButtonIsNotPressedAgain()
     press(Qt::Key_Return);
     press(Qt::Key_Space);
     m_window->click(button);
-    m_window->control(QAccessible::Button, QStringLiteral("Adding to Dock…"))
+    m_window->control(QAccessible::Button, QStringLiteral("Adding to Dock"))
         ->actionInterface()
         ->doAction(QAccessibleActionInterface::pressAction());
     m_window->finishEverything();
@@ -275,10 +282,51 @@ void WindowFocusTest::ringsAreShownToTheKeyboardOnly()
 {
     QQuickItem *const button = m_window->button(QStringLiteral("New Dock Folder"));
     m_window->click(button);
-    QVERIFY(!button->property("visualFocus").toBool());
+    QVERIFY(!WindowFixture::hasRing(button));
     focus(m_window->named("folderList"));
     QVERIFY(tabTo(QStringLiteral("New Dock Folder")));
-    QVERIFY(button->property("visualFocus").toBool());
+    QVERIFY(WindowFixture::hasRing(button));
+}
+
+void WindowFocusTest::theFocusOfADismissedStripGoesToTheList()
+{
+    m_window->network.body
+        = QByteArray(R"({"build":42,"version":"4.2","url":"https://nestlet.example/42"})");
+    m_window->clock.advance(std::chrono::hours(2));
+    m_window->store->applicationBecameActive();
+    m_window->finishEverything();
+    QTRY_VERIFY(m_window->button(QStringLiteral("Dismiss")));
+    focus(m_window->button(QStringLiteral("Dismiss")));
+    press(Qt::Key_Space);
+    QVERIFY(!m_window->button(QStringLiteral("Dismiss")));
+    QVERIFY(m_window->named("folderList")->hasActiveFocus());
+    press(Qt::Key_Down);
+    QCOMPARE(m_window->model->selection(), m_window->model->folders()->folderIDAt(2));
+}
+
+void WindowFocusTest::theSidebarsEdgeIsMovedByKeys_data()
+{
+    QTest::addColumn<Qt::Key>("key");
+    QTest::addColumn<int>("times");
+    QTest::addColumn<double>("width");
+    QTest::newRow("wider") << Qt::Key_Right << 1 << 230.0;
+    QTest::newRow("narrower") << Qt::Key_Left << 2 << 200.0;
+    QTest::newRow("the most") << Qt::Key_End << 1 << 400.0;
+    QTest::newRow("the least") << Qt::Key_Home << 1 << 180.0;
+    QTest::newRow("no more than the most") << Qt::Key_Right << 30 << 400.0;
+    QTest::newRow("no less than the least") << Qt::Key_Left << 30 << 180.0;
+}
+
+void WindowFocusTest::theSidebarsEdgeIsMovedByKeys()
+{
+    QFETCH(Qt::Key, key);
+    QFETCH(int, times);
+    QFETCH(double, width);
+    focus(m_window->named("folderList"));
+    QVERIFY(tabTo(QStringLiteral("Sidebar Width")));
+    for (int time = 0; time < times; ++time)
+        press(key);
+    QCOMPARE(m_window->named("folderList")->width(), width);
 }
 
 QTEST_MAIN(WindowFocusTest)

@@ -19,6 +19,9 @@ private Q_SLOTS:
     void selectionAndScrollPositionOutliveAnOutsideChange();
     void rowsFollowTheLibrary();
     void theSidebarKeepsItsPlace();
+    void theSidebarCannotBeDraggedAway_data();
+    void theSidebarCannotBeDraggedAway();
+    void assistiveProgramsMoveTheSidebarsEdge();
 
 private:
     CompanionStore &store() { return *m_window->store; }
@@ -154,6 +157,50 @@ void WindowSidebarTest::theSidebarKeepsItsPlace()
     const QQuickItem *list = m_window->named("folderList");
     QCOMPARE(list->mapToScene({}).x(), 0.0);
     QCOMPARE(list->width(), 220.0);
+}
+
+void WindowSidebarTest::theSidebarCannotBeDraggedAway_data()
+{
+    QTest::addColumn<int>("distance");
+    QTest::addColumn<double>("width");
+    QTest::newRow("a little wider") << 50 << 270.0;
+    QTest::newRow("a little narrower") << -30 << 190.0;
+    QTest::newRow("to the window's edge") << -220 << 180.0;
+    QTest::newRow("out of the window") << -500 << 180.0;
+    QTest::newRow("over the detail") << 800 << 400.0;
+}
+
+void WindowSidebarTest::theSidebarCannotBeDraggedAway()
+{
+    QFETCH(int, distance);
+    QFETCH(double, width);
+    const QPoint from = WindowFixture::centre(
+        m_window->item(QAccessible::Slider, QStringLiteral("Sidebar Width")));
+    QTest::mousePress(m_window->window, Qt::LeftButton, Qt::NoModifier, from);
+    for (int step = 1; step <= 10; ++step) {
+        QMouseEvent move(QEvent::MouseMove, from + QPoint(distance * step / 10, 0),
+                         m_window->window->mapToGlobal(from + QPoint(distance * step / 10, 0)),
+                         Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(m_window->window, &move); // out of the window too
+    }
+    QTest::mouseRelease(m_window->window, Qt::LeftButton, Qt::NoModifier, from);
+    const QQuickItem *const list = m_window->named("folderList");
+    QCOMPARE(list->width(), width);
+    QCOMPARE(list->mapToScene({}).x(), 0.0);
+}
+
+void WindowSidebarTest::assistiveProgramsMoveTheSidebarsEdge()
+{
+    const auto edge = [this] {
+        return m_window->control(QAccessible::Slider, QStringLiteral("Sidebar Width"))
+            ->valueInterface();
+    };
+    QCOMPARE(edge()->currentValue().toDouble(), 220.0);
+    edge()->setCurrentValue(300);
+    QCOMPARE(m_window->named("folderList")->width(), 300.0);
+    edge()->setCurrentValue(0);
+    QCOMPARE(m_window->named("folderList")->width(), 180.0);
+    QCOMPARE(edge()->currentValue().toDouble(), 180.0);
 }
 
 QTEST_MAIN(WindowSidebarTest)
