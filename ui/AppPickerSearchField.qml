@@ -29,7 +29,7 @@ FocusScope {
     Rectangle {
         anchors.fill: parent
         radius: Theme.containerRadius
-        color: Theme.faded(Theme.quaternary, 0.55 * Theme.quaternary.a)
+        color: Theme.faded(Theme.quaternary, 0.55)
 
         FocusRing {
             controlRadius: Theme.containerRadius

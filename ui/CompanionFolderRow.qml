@@ -66,7 +66,7 @@ ItemDelegate {
             anchors.leftMargin: Theme.selectionInset
             anchors.rightMargin: Theme.selectionInset
             radius: Theme.buttonRadius
-            color: root.isEmphasized ? Theme.accentFill : Theme.faded(Theme.primary, 0.1)
+            color: root.isEmphasized ? Theme.accentFill : Theme.selectedRow
             opacity: root.isSelected ? 1 : 0
         }
 

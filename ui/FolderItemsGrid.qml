@@ -96,7 +96,7 @@ Item {
         anchors.fill: parent
         radius: Theme.containerRadius
         color: root.isDropTargeted ? Theme.faded(Theme.accent, root.isEmpty ? 0.08 : 0.06)
-                                   : Theme.faded(Theme.quaternary, Theme.quaternary.a * 0.4)
+                                   : Theme.faded(Theme.quaternary, 0.4)
         border.color: root.isDropTargeted ? Theme.faded(Theme.accent, 0.5) : "transparent"
 
         Behavior on color {

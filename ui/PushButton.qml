@@ -65,7 +65,8 @@ Button {
 
     background: Rectangle {
         radius: Theme.buttonRadius
-        color: root.isDefault ? (root.isDestructive ? Theme.redFill : Theme.accentFill) : Theme.control
+        color: root.isDefault ? (root.isDestructive ? Theme.redFill : Theme.accentFill)
+                              : root.isDestructive ? Theme.destructiveControl : Theme.control
         border.width: root.isDefault ? 0 : 1
         border.color: Theme.controlBorder
         opacity: root.enabled ? 1 : 0.5

@@ -41,20 +41,30 @@ QtObject {
     readonly property color scrollBar: root.isDark ? Qt.rgba(1, 1, 1, 0.35) : Qt.rgba(0, 0, 0, 0.35)
     readonly property color shadow: Qt.rgba(0, 0, 0, 0.25)
 
-    /// On `accentFill`.
+    /// The ground of a selected row whose list has not got the focus.
+    readonly property color selectedRow: root.faded(root.primary, 0.1)
+    /// The ground of a button whose text is red: a lighter one would leave no red in it.
+    readonly property color destructiveControl: root.isDark ? Qt.rgba(1, 1, 1, 0.06) : root.control
+    /// What the pointer adds to a button's ground.
+    readonly property color hovered: root.faded(root.primary, 0.04)
+
+    /// On `accentFill` and `redFill`.
     readonly property color accentText: "#FFFFFF"
     /// The accent as a ground of white text.
-    readonly property color accentFill: root.readable(root.accent, "#FFFFFF")
-    /// The colours of texts that are not grey.
-    readonly property color accentInk: root.readable(root.accent, root.sidebar)
-    readonly property color blueInk: root.readable(root.blue, root.sidebar)
-    readonly property color redInk: root.readable(root.red, root.sheet)
+    readonly property color accentFill: Contrast.readable(root.accent, root.accentText)
+    readonly property color redFill: Contrast.readable(root.red, root.accentText)
+    /// The colours of texts that are not grey: readable on the grounds that they are used on.
+    readonly property color accentInk: Contrast.readable(root.accent, Contrast.over(root.selectedRow, root.sidebar))
+    readonly property color blueInk: Contrast.readable(root.blue, Contrast.over(root.selectedRow, root.sidebar))
+    readonly property color redInk: Contrast.readable(Contrast.readable(root.red, root.sheet), root.menu)
+    readonly property color destructiveInk: {
+        const ground = Contrast.over(root.destructiveControl, root.sheet);
+        return Contrast.readable(Contrast.readable(root.redInk, ground), Contrast.over(root.hovered, ground));
+    }
 
     /// On the ground of a folder's icon, whatever its colour.
     readonly property color onIcon: "#FFFFFF"
     readonly property color badge: "#8E8E93"
-    readonly property color card: root.isDark ? Qt.rgba(1, 1, 1, 0.06) : Qt.rgba(0, 0, 0, 0.04)
-    readonly property color redFill: root.readable(root.red, "#FFFFFF")
 
     // Fonts
 
@@ -105,9 +115,9 @@ QtObject {
     readonly property int sheetDuration: root.reducesMotion ? 0 : 250
     readonly property int toolTipDelay: 600
 
-    /// A colour with its opacity replaced.
+    /// A colour at a share of its own opacity.
     function faded(base: color, opacity: real): color {
-        return Qt.rgba(base.r, base.g, base.b, opacity);
+        return Qt.rgba(base.r, base.g, base.b, base.a * opacity);
     }
 
     /// A grey between black (0) and white (1).
@@ -121,25 +131,5 @@ QtObject {
             pixelSize: pixelSize,
             weight: weight
         });
-    }
-
-    /// The colour, darkened or lightened until it stands out from another one as text has to: by the
-    /// contrast of 4.5 that WCAG 2.1 asks for.
-    function readable(base: color, other: color): color {
-        const otherLuminance = root.luminance(other);
-        const step = otherLuminance > 0.18 ? 1.04 : 1 / 1.04;
-        let result = base;
-        for (let i = 0; i < 40 && root.contrast(root.luminance(result), otherLuminance) < 4.5; ++i)
-            result = step > 1 ? Qt.darker(result, step) : Qt.tint(result, Qt.rgba(1, 1, 1, 0.04));
-        return result;
-    }
-
-    function contrast(first: real, second: real): real {
-        return (Math.max(first, second) + 0.05) / (Math.min(first, second) + 0.05);
-    }
-
-    function luminance(opaque: color): real {
-        const linear = part => part <= 0.04045 ? part / 12.92 : Math.pow((part + 0.055) / 1.055, 2.4);
-        return 0.2126 * linear(opaque.r) + 0.7152 * linear(opaque.g) + 0.0722 * linear(opaque.b);
     }
 }

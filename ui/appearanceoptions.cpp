@@ -1,10 +1,10 @@
 #include "ui/appearanceoptions.h"
 
 #include "model/accentcolor.h"
+#include "ui/contrast.h"
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 
 namespace {
 
@@ -67,10 +67,6 @@ constexpr int customImageCell = symbolCount + 1;
 constexpr int customColorCell = colorCount;
 constexpr int automaticColorCell = colorCount + 1;
 
-constexpr double symbolContrast = 3.0;
-constexpr double whiteLuminance = 1.0;
-constexpr double contrastOffset = 0.05;
-
 template <size_t size> QStringList valuesOf(const std::array<Option, size> &options)
 {
     QStringList values;
@@ -79,24 +75,10 @@ template <size_t size> QStringList valuesOf(const std::array<Option, size> &opti
     return values;
 }
 
-// Contrast as WCAG 2.1 defines it, by relative luminance.
-double linear(double component)
-{
-    return component <= 0.04045 ? component / 12.92 : std::pow((component + 0.055) / 1.055, 2.4);
-}
-
-double luminance(const QColor &color, double groundOpacity)
-{
-    const double share = 1.0 - groundOpacity;
-    return 0.2126 * linear(share * double(color.redF()))
-        + 0.7152 * linear(share * double(color.greenF()))
-        + 0.0722 * linear(share * double(color.blueF()));
-}
-
 bool isWhiteVisibleOn(const QColor &color, double groundOpacity)
 {
-    return (whiteLuminance + contrastOffset) / (luminance(color, groundOpacity) + contrastOffset)
-        >= symbolContrast;
+    const QColor ground = Contrast::over(QColor::fromRgbF(0, 0, 0, float(groundOpacity)), color);
+    return Contrast::ratio(Qt::white, ground) >= Contrast::forSymbols;
 }
 
 } // namespace
