@@ -15,10 +15,8 @@ Item {
     Accessible.role: Accessible.ProgressBar
     Accessible.name: label.text
 
-    Rectangle {
+    Divider {
         width: parent.width
-        height: 1
-        color: Theme.separator
     }
 
     CompanionText {

@@ -170,14 +170,12 @@ Dialog {
             }
         }
 
-        Rectangle {
+        Divider {
             id: divider
             anchors.left: parent.left
             anchors.right: parent.right
             anchors.top: search.bottom
             anchors.topMargin: 14
-            height: 1
-            color: Theme.separator
         }
 
         Item {

@@ -79,11 +79,9 @@ Item {
         spacing: 12
     }
 
-    Rectangle {
+    Divider {
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.bottom: parent.bottom
-        height: 1
-        color: Theme.separator
     }
 }

@@ -8,8 +8,5 @@ MenuSeparator {
     leftPadding: 10
     rightPadding: 10
 
-    contentItem: Rectangle {
-        implicitHeight: 1
-        color: Theme.separator
-    }
+    contentItem: Divider {}
 }

@@ -105,10 +105,8 @@ Rectangle {
         }
     }
 
-    Rectangle {
+    Divider {
         anchors.right: parent.right
-        width: 1
         height: parent.height
-        color: Theme.separator
     }
 }

@@ -30,11 +30,9 @@ Item {
         spacing: 8
     }
 
-    Rectangle {
+    Divider {
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.bottom: parent.bottom
-        height: 1
-        color: Theme.separator
     }
 }

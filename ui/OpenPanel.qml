@@ -104,12 +104,10 @@ Window {
         }
     }
 
-    Rectangle {
+    Divider {
         anchors.left: places.right
         anchors.right: parent.right
         anchors.top: toolbar.bottom
-        height: 1
-        color: Theme.separator
     }
 
     OpenPanelList {
@@ -142,11 +140,9 @@ Window {
         anchors.bottom: parent.bottom
         height: 52
 
-        Rectangle {
+        Divider {
             anchors.left: parent.left
             anchors.right: parent.right
-            height: 1
-            color: Theme.separator
         }
 
         CompanionText {

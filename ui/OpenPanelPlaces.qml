@@ -64,10 +64,8 @@ Rectangle {
         }
     }
 
-    Rectangle {
+    Divider {
         anchors.right: parent.right
-        width: 1
         height: parent.height
-        color: Theme.separator
     }
 }

@@ -7,11 +7,9 @@ Item {
     property string url
     property string name
 
-    Rectangle {
+    Divider {
         anchors.left: parent.left
-        width: 1
         height: parent.height
-        color: Theme.separator
     }
 
     Image {
