@@ -201,22 +201,22 @@ void WindowBannersTest::theInstallationIsAnnounced()
     QVERIFY(announced(QStringLiteral("Adding A to the Dock.")));
     m_window->finishEverything();
     QVERIFY(announced(QStringLiteral("A is in the Dock.")));
-    QVERIFY(!announced(QStringLiteral("Adding A to the Dock.")));
 }
 
-// What assistive programs are told of is that it comes to be shown.
+// What is shown already would be no news to assistive programs.
 void WindowBannersTest::anAnnouncementIsNewsEachTime()
 {
     QVERIFY(openWith(false, true));
-    QQuickItem *const item = WindowFixture::part(m_window->window->contentItem(), "announcement");
-    QStringList shown;
-    connect(item, &QQuickItem::visibleChanged, this, [&] {
-        if (item->isVisible())
-            shown.append(QAccessible::queryAccessibleInterface(item)->text(QAccessible::Name));
-    });
-    for (int time = 0; time < 2; ++time)
+    const QQuickItem *const all
+        = WindowFixture::part(m_window->window->contentItem(), "announcement");
+    for (int time = 1; time <= 2; ++time) {
         Q_EMIT m_window->model->announced(QStringLiteral("Twice."));
-    QCOMPARE(shown, (QStringList{QStringLiteral("Twice."), QStringLiteral("Twice.")}));
+        QCOMPARE(all->childItems().size(), time);
+        QVERIFY(all->childItems().last()->isVisible());
+        QCOMPARE(QAccessible::queryAccessibleInterface(all->childItems().last())
+                     ->text(QAccessible::Name),
+                 QStringLiteral("Twice."));
+    }
 }
 
 void WindowBannersTest::anAnnouncementGoesAfterAWhile()

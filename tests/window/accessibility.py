@@ -96,31 +96,63 @@ class Widget:
         return f"{self.role} “{self.name}”"
 
 
-class FocusEvents:
-    """What a screen reader is told of the focus, from when this is made."""
+class Events:
+    """What assistive programs are told without asking, from when this is made."""
+
+    def __init__(self, kind):
+        self.told = []
+        self._kind = kind
+        self._listener = Atspi.EventListener.new(self._hear)
+        self._listener.register(kind)
+
+    def close(self):
+        self._listener.deregister(self._kind)
+
+    def take(self, source):
+        """What to keep of an event that begins something, or None."""
+        raise NotImplementedError
+
+    def _hear(self, event):
+        heard = self.take(event.source) if event.detail1 else None
+        if heard is not None:
+            self.told.append(heard)
+
+    def catch_up(self):
+        while GLib.MainContext.default().iteration(False):
+            pass
+
+
+class FocusEvents(Events):
+    """Where the focus went."""
 
     def __init__(self):
-        self._told = []
-        self._listener = Atspi.EventListener.new(self._note)
-        self._listener.register("object:state-changed:focused")
+        super().__init__("object:state-changed:focused")
 
-    def _note(self, event):
-        if event.detail1:
-            self._told.append((event.source.get_role_name(), event.source.get_name()))
+    def take(self, source):
+        return source.get_role_name(), source.get_name()
 
     def wait_for(self, role, name):
         def is_told():
-            context = GLib.MainContext.default()
-            while context.iteration(False):
-                pass
-            return self._told[-1:] == [(role, name)]
+            self.catch_up()
+            return self.told[-1:] == [(role, name)]
         try:
             wait_for(f"word of the focus on the {role} “{name}”", is_told)
         except AssertionError as failure:
-            raise AssertionError(f"{failure}; told was {self._told}") from None
+            raise AssertionError(f"{failure}; told was {self.told}") from None
 
-    def close(self):
-        self._listener.deregister("object:state-changed:focused")
+
+class Ear(Events):
+    """The alerts that come to be shown, in their order."""
+
+    def __init__(self):
+        super().__init__("object:state-changed:showing")
+
+    def take(self, source):
+        return source.get_name() if source.get_role() == Atspi.Role.ALERT else None
+
+    def heard(self):
+        self.catch_up()
+        return list(self.told)
 
 
 class Program:

@@ -30,6 +30,23 @@ class ReaderTest(WindowTest):
         self.take_things_out()
         self.assertEqual(self.companion.complaints(), "")
 
+    @pictured_on_failure
+    def test_work_on_the_dock_is_announced_each_time(self):
+        from accessibility import Ear
+        ear = Ear()
+        self.addCleanup(ear.close)
+        self.companion.press("list item", "Dock Folder 1")
+        end = "Dock Folder 1 is in the Dock."
+        for button, beginning in (("Show in Dock", "Adding Dock Folder 1 to the Dock."),
+                                  ("Update Dock", "Updating Dock Folder 1 in the Dock."),
+                                  ("Update Dock", "Updating Dock Folder 1 in the Dock.")):
+            before = len(ear.heard())
+            self.companion.press("push button", button)
+            wait_for(f"“{beginning}” and “{end}” in {ear.heard()[before:]}",
+                     lambda before=before, beginning=beginning:
+                     ear.heard()[before:] == [beginning, end], 60)
+        self.companion.wait_until_gone("alert", end)
+
     def make_and_rename(self):
         self.companion.row("Dock Folder 1")
         self.companion.press("push button", "New Dock Folder")

@@ -13,7 +13,7 @@ from display import wait_for  # noqa: E402
 
 ROLES = {"push button", "radio button", "check box", "list", "list item", "text", "slider", "label",
          "heading", "panel", "dialog", "menu item", "popup menu", "separator", "scroll bar",
-         "tool tip", "notification", "progress bar", "frame", "application"}
+         "tool tip", "notification", "alert", "progress bar", "frame", "application"}
 APPS = ["Almanac", "Beta", "Drawing", "Lantern", "Ledger", "Marble Run", "Sundial", "Zebra"]
 LONG_LIST = 60
 
