@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Controls.Basic
 import Nestlet.Companion
 
 /// The search field of the picker. It tells assistive programs, which follow the focus, what is found.
