@@ -1,13 +1,14 @@
 import QtQuick
+import QtQuick.Templates as T
 import Nestlet.Companion
 
-/// Makes the window's own colour panel when it is first asked for.
+/// Makes the window's own colour panel when it is first asked for; its files are read no sooner.
 Loader {
     id: root
 
     required property string hex
     required property Item swatch
-    readonly property ColorPanel panel: root.item as ColorPanel
+    readonly property T.Popup panel: root.item as T.Popup // no ColorPanel: naming it would read it
     signal changed(hex: string)
 
     function show() {
@@ -34,6 +35,7 @@ Loader {
     }
     Connections {
         target: root.panel
+        ignoreUnknownSignals: true
         function onChanged(hex: string) {
             root.changed(hex);
         }

@@ -164,14 +164,24 @@ Item {
         }
     }
 
+    // Its files are read when it is first asked for.
     Loader {
-        active: root.showAppPicker
-
-        sourceComponent: AppPickerSheet {
-            scan: root.applicationScan
-            existingURLs: root.folder.itemURLs
-            onAddRequested: urls => root.folder.addItems(urls)
-            onClosed: root.showAppPicker = false
+        id: appPicker
+    }
+    onShowAppPickerChanged: {
+        if (root.showAppPicker)
+            appPicker.setSource("FolderAppPicker.qml", {
+                "scan": root.applicationScan,
+                "folder": root.folder
+            });
+        else
+            appPicker.source = "";
+    }
+    Connections {
+        target: appPicker.item
+        ignoreUnknownSignals: true
+        function onClosed() {
+            root.showAppPicker = false;
         }
     }
 }

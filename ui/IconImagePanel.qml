@@ -2,13 +2,14 @@ import QtQuick
 import Nestlet.Companion
 
 /// Lets the user choose the picture of an icon: in the system's open panel, or in one of the window's
-/// own where the system has none. Cancelling says nothing.
+/// own where the system has none, whose files are read when it is first asked for. Cancelling says
+/// nothing.
 Item {
     id: root
 
     /// Null: nothing can be chosen.
     property SystemPanels panels: null
-    readonly property OpenPanel ownPanel: loader.item as OpenPanel
+    readonly property Window ownPanel: loader.item as Window // no OpenPanel: naming it would read it
     signal chosen(url: string, folderID: string)
 
     /// `folderID` comes back with the picture: the panel does not keep the user from going on.
@@ -44,6 +45,7 @@ Item {
 
     Connections {
         target: root.ownPanel
+        ignoreUnknownSignals: true
         function onChosen(url: string, folderID: string) {
             root.chosen(url, folderID);
         }
