@@ -47,7 +47,7 @@ Item {
         anchors.verticalCenter: parent.verticalCenter
         spacing: 2
         // Whatever does not fit is told in full.
-        ToolTip.text: root.title + "\n" + root.text
+        ToolTip.text: titleText.truncated ? root.title : root.text
         ToolTip.visible: hover.hovered && (titleText.truncated || explanation.truncated)
         ToolTip.delay: Theme.toolTipDelay
 

@@ -24,10 +24,8 @@ ApplicationWindow {
     minimumWidth: 1060
     minimumHeight: 800
     visible: true
-    color: ground.color
-    background: CompanionWindowBackground {
-        id: ground
-    }
+    color: (root.background as CompanionWindowBackground).color
+    background: CompanionWindowBackground {}
     font: Theme.body
     LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft // qmllint disable unqualified
     LayoutMirroring.childrenInherit: true

@@ -65,7 +65,7 @@ ListView {
     }
 
     Connections {
-        target: root.companion.folders
+        target: root.companion.folders // qmllint disable incompatible-type
         function onOrderChanged() {
             root.currentIndex = root.selectedRow();
         }

@@ -49,7 +49,7 @@ Item {
     z: 4
 
     Connections {
-        target: root.folders
+        target: root.folders // qmllint disable incompatible-type
         enabled: root.heldFolderID !== ""
         function onOrderChanged() {
             root.heldRow = root.folders.rowOf(root.heldFolderID);

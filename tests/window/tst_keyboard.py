@@ -191,6 +191,7 @@ class KeyboardTest(WindowTest):
             ("radio button", "Automatic"),
             ("radio button", "Auto"),
             ("push button", "Add Apps"),
+            ("slider", "Sidebar Width"),
             ("push button", "New Dock Folder"),
             ("push button", "More"),
             ("list item", "Dock Folder 1"),
