@@ -108,7 +108,7 @@ QVariant WindowFixture::evaluate(const QString &expression) const
 
 bool WindowFixture::hasRing(QQuickItem *item)
 {
-    return item && findItem(item, [](const QQuickItem *part) {
+    return item && descendant(item, [](const QQuickItem *part) {
                return QByteArray(part->metaObject()->className()).startsWith("FocusRing")
                    && part->isVisible();
            });
@@ -116,9 +116,7 @@ bool WindowFixture::hasRing(QQuickItem *item)
 
 QQuickItem *WindowFixture::part(QQuickItem *item, const char *objectName)
 {
-    return findItem(item, [objectName](const QQuickItem *part) {
-        return part->objectName() == QLatin1StringView(objectName);
-    });
+    return childNamed(item, objectName);
 }
 
 QPoint WindowFixture::centre(const QQuickItem *item)
