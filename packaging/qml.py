@@ -15,8 +15,10 @@ FINDING = re.compile(r"^(?:Warning|Error): (?:(?P<file>/.+?):(?P<line>\d+):(?P<c
 NOT_SO = [
     # Documented properties, of a type that has no description.
     re.compile(r'Property "(font|layoutDirection)" not found on type "QQmlApplication"'),
+    # A documented function.
+    re.compile(r'Property "callLater" is a QJSValue property'),
     # The engine converts one into the other.
-    re.compile(r"Cannot assign binding of type QList<QString> to QStringList"),
+    re.compile(r"Cannot assign binding of type (QList<QString> to QStringList|QStringList to QList<QString>)"),
     # Categories have other names in other versions.
     re.compile(r"qmllint directive on unknown category"),
 ]

@@ -80,7 +80,7 @@ Item {
     onFolderIDChanged: root.isRearranging = false
 
     Connections {
-        target: root.items
+        target: root.items // qmllint disable incompatible-type
         function onRowsAboutToBeInserted() {
             root.beginRearranging();
         }
