@@ -174,6 +174,13 @@ class Process:
         state = self._read("stat").rpartition(b")")[2].split()
         return bool(state) and state[0] != b"Z"
 
+    def leads_session(self):
+        """As an application does, and what it starts in turn does not."""
+        try:
+            return os.getsid(self.number) == self.number
+        except ProcessLookupError:
+            return False
+
     def signal(self, number):
         try:
             os.kill(self.number, number)

@@ -134,7 +134,7 @@ class StandInMac:
         return [process.number for process in processes()
                 if process.variable("__CFBundleIdentifier") == bundle_identifier
                 and process.variable("NESTLET_COMPANION_ROOT") == str(self.root)
-                and process.is_alive()]
+                and process.leads_session() and process.is_alive()]
 
     def record(self, name, apps=(), **fields):
         """A folder as the library holds it; always the same for the same name."""
