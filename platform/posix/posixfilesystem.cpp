@@ -4,6 +4,7 @@
 #include "platform/posix/directorylisting.h"
 #include "platform/posix/filecalls.h"
 #include "platform/posix/filedescriptor.h"
+#include "platform/posix/resolvedpath.h"
 #include "platform/posix/treecopy.h"
 #include "platform/posix/treeremoval.h"
 
@@ -15,8 +16,6 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <cstdlib>
-#include <memory>
 
 namespace {
 
@@ -111,14 +110,12 @@ bool PosixFileSystem::isDirectoryItself(const FileURL &url) const
 
 FileURL PosixFileSystem::resolved(const FileURL &url) const
 {
-    const QByteArray path = pathOf(url);
-    const std::unique_ptr<char, decltype(&std::free)> found(
-        path.isEmpty() ? nullptr : ::realpath(path.constData(), nullptr), &std::free);
-    if (!found)
+    const QByteArray path = resolvedPath(pathOf(url));
+    if (path.isEmpty())
         return url;
     // From the root down, because the bytes need not be text.
     const FileURL root = FileURL::directory(QStringLiteral("/"));
-    const QByteArrayView below = QByteArrayView(found.get()).sliced(1);
+    const QByteArrayView below = QByteArrayView(path).sliced(1);
     return below.isEmpty() ? root : root.appendingNative(below, isDirectory(url));
 }
 

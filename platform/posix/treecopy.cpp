@@ -3,6 +3,7 @@
 #include "platform/posix/directorylisting.h"
 #include "platform/posix/filecalls.h"
 #include "platform/posix/filedescriptor.h"
+#include "platform/posix/resolvedpath.h"
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -145,13 +146,6 @@ void copyEntry(ListedEntry::Type type, const Place &from, const Place &to, CopyS
     throw systemError(Action::Copy, from.path, EOPNOTSUPP);
 }
 
-QByteArray resolved(const QByteArray &path)
-{
-    const std::unique_ptr<char, decltype(&::free)> real(::realpath(path.constData(), nullptr),
-                                                        &::free);
-    return real ? QByteArray(real.get()) : QByteArray();
-}
-
 QByteArray parentOf(const QByteArray &path)
 {
     const qsizetype slash = path.lastIndexOf('/');
@@ -161,8 +155,8 @@ QByteArray parentOf(const QByteArray &path)
 // A directory copied into itself would never end.
 void requireOutside(const QByteArray &from, const QByteArray &to)
 {
-    const QByteArray source = resolved(from);
-    const QByteArray parent = resolved(parentOf(to));
+    const QByteArray source = resolvedPath(from);
+    const QByteArray parent = resolvedPath(parentOf(to));
     if (!source.isEmpty() && (parent + '/').startsWith(source == "/" ? source : source + '/'))
         throw systemError(Action::CopyIntoItself, from, EINVAL);
 }
