@@ -50,6 +50,7 @@ private:
     void useSystemPanels();
     QString writeImage(const QString &name) const;
     void openColorPanel() const;
+    void typeHexColor(const QByteArray &hex);
     [[nodiscard]] QAccessibleInterface *slider(const char *name) const
     {
         return m_scene->control(QAccessible::Slider, text(name));
@@ -191,15 +192,21 @@ void AppearancePanelsTest::theColorPanelWorksByMouse()
     QVERIFY(isColorPanelOpen());
 }
 
-void AppearancePanelsTest::theColorPanelTakesAHexText()
+// In the place of the one that the colour panel shows.
+void AppearancePanelsTest::typeHexColor(const QByteArray &hex)
 {
     openColorPanel();
     m_scene->press(Qt::Key_Tab);
     m_scene->press(Qt::Key_Tab);
     QCOMPARE(m_scene->focusedName(), text("Hex Color"));
     QTest::keyClick(m_scene->window.get(), Qt::Key_A, Qt::ControlModifier);
-    for (const char c : QByteArray("12ab34"))
+    for (const char c : hex)
         QTest::keyClick(m_scene->window.get(), c);
+}
+
+void AppearancePanelsTest::theColorPanelTakesAHexText()
+{
+    typeHexColor("12ab34");
     m_scene->press(Qt::Key_Return);
     QTRY_COMPARE(storedColor(), text("#12AB34"));
     QAccessibleInterface *hex = m_scene->control(QAccessible::EditableText, text("Hex Color"));
@@ -212,13 +219,7 @@ void AppearancePanelsTest::theColorPanelTakesAHexText()
 
 void AppearancePanelsTest::escapeInTheHexTextChangesNothing()
 {
-    openColorPanel();
-    m_scene->press(Qt::Key_Tab);
-    m_scene->press(Qt::Key_Tab);
-    QCOMPARE(m_scene->focusedName(), text("Hex Color"));
-    QTest::keyClick(m_scene->window.get(), Qt::Key_A, Qt::ControlModifier);
-    for (const char c : QByteArray("12ab34"))
-        QTest::keyClick(m_scene->window.get(), c);
+    typeHexColor("12ab34");
     m_scene->press(Qt::Key_Escape);
     QTRY_VERIFY(!isColorPanelOpen());
     QTest::qWait(150); // longer than a colour waits to be stored
