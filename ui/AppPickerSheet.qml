@@ -56,42 +56,10 @@ Dialog {
         searchText: search.text
     }
 
-    enter: Transition {
-        ParallelAnimation {
-            NumberAnimation {
-                property: "opacity"
-                from: 0
-                to: 1
-                duration: Theme.sheetDuration
-                easing.type: Easing.OutCubic
-            }
-            NumberAnimation {
-                property: "scale"
-                from: 0.96
-                to: 1
-                duration: Theme.sheetDuration
-                easing.type: Easing.OutCubic
-            }
-        }
-    }
-    exit: Transition {
-        NumberAnimation {
-            property: "opacity"
-            to: 0
-            duration: Theme.changeDuration
-            easing.type: Easing.OutCubic
-        }
-    }
+    enter: SheetEnter {}
+    exit: SheetExit {}
 
-    T.Overlay.modal: Rectangle {
-        color: Theme.dimming
-
-        Behavior on opacity {
-            NumberAnimation {
-                duration: Theme.sheetDuration
-            }
-        }
-    }
+    T.Overlay.modal: SheetDimming {}
 
     background: Rectangle {
         radius: Theme.sheetRadius
