@@ -60,6 +60,12 @@ function(companion_export_headers target room)
   endif()
 endfunction()
 
+option(COMPANION_COMPILED_QML "Compile the QML files into the program; without, they build at once" ON)
+set(companion_qml_options "") # of every module
+if(NOT COMPANION_COMPILED_QML)
+  list(APPEND companion_qml_options NO_CACHEGEN)
+endif()
+
 # The C++ that Qt generates from a module's QML files is not ours to warn about, and most of its
 # compile time is the same headers: it is compiled many files at a time.
 function(companion_allow_generated_qml_code target)
