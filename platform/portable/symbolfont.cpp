@@ -1,5 +1,6 @@
 #include "platform/portable/symbolfont.h"
 
+#include <QResource>
 #include <QTransform>
 #include <QtEndian>
 
@@ -38,6 +39,14 @@ QList<QByteArray> namesFrom(const QByteArray &bytes, qsizetype position)
         position += 1 + length;
     }
     return names;
+}
+
+// The bytes where they are in the program, which outlives the font.
+QByteArray embeddedFont()
+{
+    const QResource font(QStringLiteral(":/symbols/symbols.ttf"));
+    return QByteArray::fromRawData(reinterpret_cast<const char *>(font.data()),
+                                   qsizetype(font.size()));
 }
 
 QPainterPath centred(const QPainterPath &path)
@@ -83,7 +92,7 @@ QHash<QByteArray, quint32> glyphsByName(const QByteArray &postTable)
 }
 
 SymbolFont::SymbolFont()
-    : m_font(QStringLiteral(":/symbols/symbols.ttf"), unitsPerEm, QFont::PreferNoHinting)
+    : m_font(embeddedFont(), unitsPerEm, QFont::PreferNoHinting)
     , m_glyphs(glyphsByName(m_font.fontTable("post")))
 {
 }
