@@ -7,6 +7,8 @@
 #include "platform/error.h"
 #include "platform/filesystem.h"
 
+#include <future>
+
 namespace {
 
 std::optional<QByteArray> readIfPossible(const FileSystem &files, const FileURL &url)
@@ -31,6 +33,7 @@ struct LibraryFile::State {
     }
 
     [[nodiscard]] std::optional<QList<DockFolder>> readFolders();
+    [[nodiscard]] std::optional<QList<DockFolder>> folders();
     void keepFileIfUndecodable();
     void know(std::optional<QList<DockFolder>> folders);
 
@@ -40,24 +43,34 @@ struct LibraryFile::State {
     FileURL ownDirectory; ///< the companion's own, which nobody watches
     LibraryBackups backups;
     KeptFolders kept;
+    std::optional<FileIdentity> lastRead; ///< the state of the file before it was read
     std::optional<FileIdentity> decodable; ///< the state of the file last known to be a library
     std::optional<QList<DockFolder>> known; ///< what the file held when last looked at or changed
     bool isKnown = false;
+    std::future<std::optional<QList<DockFolder>>> loading; ///< last: what it uses outlives it
 };
 
 std::optional<QList<DockFolder>> LibraryFile::State::readFolders()
 {
     decodable.reset();
     // Taken before reading: a change in between then counts as one by somebody else.
-    const std::optional<FileIdentity> identity = files.identity(url);
+    lastRead = files.identity(url);
     const std::optional<QByteArray> bytes = readIfPossible(files, url);
     if (!bytes)
         return std::nullopt;
     std::optional<QList<DockFolder>> folders = kept.decode(*bytes);
     if (!folders)
         return std::nullopt;
-    decodable = identity;
+    decodable = lastRead;
     return folders->isEmpty() ? std::nullopt : folders;
+}
+
+std::optional<QList<DockFolder>> LibraryFile::State::folders()
+{
+    if (!loading.valid())
+        return readFolders();
+    std::optional<QList<DockFolder>> loaded = loading.get();
+    return files.identity(url) == lastRead ? loaded : readFolders();
 }
 
 void LibraryFile::State::know(std::optional<QList<DockFolder>> folders)
@@ -98,11 +111,16 @@ FileURL LibraryFile::directory() const
 
 LibraryFile::Contents LibraryFile::load()
 {
-    Contents contents{.folders = m_state->readFolders()};
+    Contents contents{.folders = m_state->folders()};
     // Quick, since what did not change is shared.
     contents.isUnchanged = m_state->isKnown && m_state->known == contents.folders;
     m_state->know(contents.folders);
     return contents;
+}
+
+void LibraryFile::beginLoading()
+{
+    m_state->loading = std::async(std::launch::async, [this] { return m_state->readFolders(); });
 }
 
 void LibraryFile::save(const DockFolderLibrary &library)

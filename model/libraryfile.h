@@ -30,6 +30,10 @@ public:
     };
     [[nodiscard]] Contents load();
 
+    /// Begins the first load on a thread of its own. Nothing else may be asked for until load() has
+    /// waited for it; a file that was changed meanwhile is read again there.
+    void beginLoading();
+
     /// Replaces the file, atomically. A file that was there and could not be decoded is kept first,
     /// once per content, in "Nestlet Companion/Backups" in Application Support. Throws
     /// PlatformError; the old file is then untouched.

@@ -29,6 +29,9 @@ private Q_SLOTS:
     void foldersAreSharedBeyondInsertionsRemovalsAndMoves();
     void aFailedLoadForgetsNothing();
     void tellsWhetherTheFileChanged();
+    void loadsAheadOnce();
+    void whatChangesWhileItLoadsAheadIsReadAgain();
+    void whatWasLoadedAheadNeedNotBeAskedFor();
     void aFailedSaveIsNoChangeOfTheFile();
     void noLibraryStaysTheSame();
     void savesWhatAPlainEncoderWould();
@@ -253,6 +256,43 @@ void LibraryFileTest::tellsWhetherTheFileChanged()
     library.folders.removeLast();
     bench.file.save(library);
     QVERIFY(bench.file.load().isUnchanged);
+}
+
+void LibraryFileTest::loadsAheadOnce()
+{
+    Bench bench;
+    const DockFolderLibrary library = sampleLibrary();
+    bench.write(encodeLibrary(library));
+    bench.file.beginLoading();
+    QCOMPARE(bench.file.load().folders, std::optional(library.folders));
+    QVERIFY(bench.file.load().isUnchanged);
+    bench.files.files.remove(bench.file.url());
+    QCOMPARE(bench.file.load().folders, std::nullopt);
+    bench.file.beginLoading();
+    QCOMPARE(bench.file.load().folders, std::nullopt);
+}
+
+void LibraryFileTest::whatChangesWhileItLoadsAheadIsReadAgain()
+{
+    DockFolderLibrary library = sampleLibrary();
+    for (int round = 0; round < 20; ++round) { // before, while or after it is read
+        Bench bench;
+        bench.write(encodeLibrary(sampleLibrary()));
+        bench.file.beginLoading();
+        library.folders[1].name = QString::number(round);
+        bench.write(encodeLibrary(library));
+        QCOMPARE(bench.file.load().folders, std::optional(library.folders));
+        library.folders[0].name = QString::number(round);
+        bench.file.save(library);
+        QVERIFY(bench.backedUp().isEmpty());
+    }
+}
+
+void LibraryFileTest::whatWasLoadedAheadNeedNotBeAskedFor()
+{
+    Bench bench;
+    bench.write(encodeLibrary(sampleLibrary()));
+    bench.file.beginLoading();
 }
 
 void LibraryFileTest::aFailedSaveIsNoChangeOfTheFile()
