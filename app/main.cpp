@@ -71,11 +71,13 @@ int main(int argc, char *argv[])
     const Translations translations(application);
     answerCommandLine(QCoreApplication::arguments()); // without the toolkit's own
     Platform platform = makePlatform();
+    CompanionEngine companion(platform, EventTurns::Start::OnRelease);
     PictureStore pictures;
     SystemPanels panels(platform);
 
-    // The window's types are loaded on a thread of the engine's while this one reads the fonts and
-    // the library.
+    // The library and the window's types are read on threads of their own, while this one reads the
+    // fonts.
+    companion.folderLibrary.beginLoading();
     QQmlEngine engine;
     addWindowTypes(engine);
     addImageProviders(engine, *platform.workspace, pictures);
@@ -88,7 +90,6 @@ int main(int argc, char *argv[])
 
     loadFonts(*platform.appearance);
 
-    CompanionEngine companion(platform, EventTurns::Start::OnRelease);
     companion.store.start();
     QObject::connect(&application, &QGuiApplication::applicationStateChanged, &companion.store,
                      [&](Qt::ApplicationState state) {

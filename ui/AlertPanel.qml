@@ -1,10 +1,9 @@
 import QtQuick
-import QtQuick.Controls.Basic
 import QtQuick.Templates as T
 
 /// An alert over the dimmed window: a title, a message and one or two buttons, the last of which only
 /// dismisses.
-Dialog {
+T.Dialog {
     id: root
 
     property string message
@@ -16,18 +15,16 @@ Dialog {
 
     anchors.centerIn: T.Overlay.overlay
     width: 260
+    implicitHeight: contentHeight + topPadding + bottomPadding
     modal: true
     padding: 16
-    closePolicy: Popup.CloseOnEscape
+    closePolicy: T.Popup.CloseOnEscape
     // Before it is closed: whoever made the alert drops it then.
     onAboutToHide: {
         if (root.isConfirmed)
             root.acted();
     }
     onOpened: dismissButton.forceActiveFocus(Qt.PopupFocusReason)
-
-    header: null
-    footer: null
 
     enter: SheetEnter {}
     exit: SheetExit {}

@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Controls.Basic
 import Nestlet.Companion
 
 /// One application in the picker: its icon over its name. The grid around it tells where the pointer
@@ -37,9 +36,8 @@ Item {
     Accessible.onPressAction: root.toggle()
     Accessible.onToggleAction: root.toggle()
 
-    ToolTip.text: root.name
-    ToolTip.visible: root.isHovered && nameText.truncated
-    ToolTip.delay: Theme.toolTipDelay
+    HelpTag.text: root.name
+    HelpTag.isShown: root.isHovered && nameText.truncated
 
     OutlinedRectangle {
         id: tile

@@ -1,7 +1,7 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Controls.Basic
+import QtQuick.Templates as T
 import Nestlet.Companion
 
 /// The found applications in as many columns as have room. To the keyboard it is one stop.
@@ -91,7 +91,7 @@ FocusScope {
         highlightMoveDuration: Theme.hoverDuration
         Accessible.role: Accessible.List
         Accessible.name: qsTr("Apps")
-        ScrollBar.vertical: CompanionScrollBar {
+        T.ScrollBar.vertical: CompanionScrollBar {
             parent: root
             anchors.top: parent.top
             anchors.right: parent.right

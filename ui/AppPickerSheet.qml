@@ -1,11 +1,10 @@
 import QtQuick
-import QtQuick.Controls.Basic
 import QtQuick.Templates as T
 import Nestlet.Companion
 
 /// The sheet in which installed applications are searched and chosen. It opens when it is made, and
 /// whoever made it drops it when it is closed: the next one starts anew.
-Dialog {
+T.Dialog {
     id: root
 
     /// Where the applications come from.
@@ -44,9 +43,7 @@ Dialog {
     padding: 0
     modal: true
     focus: true
-    closePolicy: Popup.NoAutoClose // Escape clears the search first
-    header: null
-    footer: null
+    closePolicy: T.Popup.NoAutoClose // Escape clears the search first
     Component.onCompleted: root.open()
 
     AppPickerModel {

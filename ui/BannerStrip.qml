@@ -1,5 +1,5 @@
 import QtQuick
-import QtQuick.Controls.Basic
+import Nestlet.Companion
 
 /// A strip over the whole width of the window: a symbol, a title over a text, and controls behind them.
 Item {
@@ -47,9 +47,8 @@ Item {
         anchors.verticalCenter: parent.verticalCenter
         spacing: 2
         // Whatever does not fit is told in full.
-        ToolTip.text: titleText.truncated ? root.title : root.text
-        ToolTip.visible: hover.hovered && (titleText.truncated || explanation.truncated)
-        ToolTip.delay: Theme.toolTipDelay
+        HelpTag.text: titleText.truncated ? root.title : root.text
+        HelpTag.isShown: hover.hovered && (titleText.truncated || explanation.truncated)
 
         HoverHandler {
             id: hover

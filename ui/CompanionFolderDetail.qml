@@ -2,21 +2,15 @@ import QtQuick
 import Nestlet.Companion
 
 /// The right column for one folder: its name, its place in the Dock, its look and its items.
-Item {
+DetailPane {
     id: root
 
-    required property FolderDetailModel folder
-    /// Who is told of what is dropped here.
-    required property DropReceiver receiver
-    required property ApplicationScan applicationScan
-    property SystemPanels panels: null
+    readonly property FolderDetailModel folder: root.model.detail
     property bool showAppPicker: false
     property bool isConfirmingDelete: false
     readonly property bool contentsDropTargeted: dropTarget.isTargeted || header.isDropTargeted
-    /// A picture is to be chosen for the folder.
-    signal pickImageRequested(folderID: string)
 
-    Accessible.role: Accessible.Pane
+    hasDialog: root.isConfirmingDelete || root.showAppPicker
     Accessible.name: root.folder.name
 
     Connections {
@@ -34,7 +28,7 @@ Item {
         anchors.fill: parent
         enabled: !root.folder.isLocked
         folderID: root.folder.folderID
-        receiver: root.receiver
+        receiver: root.model
     }
 
     DetailHeader {
@@ -56,22 +50,17 @@ Item {
     MenuLoader {
         id: menuLoader
         button: actionsButton
+        menuFile: "FolderActionsMenu.qml"
+        properties: ({
+                "folder": root.folder
+            })
+    }
 
-        sourceComponent: CompanionMenu {
-            CompanionMenuItem {
-                text: qsTr("Reveal in Finder")
-                symbol: "finder"
-                enabled: root.folder.isInstalled
-                onTriggered: root.folder.revealInFinder()
-            }
-            CompanionMenuSeparator {}
-            CompanionMenuItem {
-                text: qsTr("Remove Folder")
-                symbol: "trash"
-                isDestructive: true
-                enabled: !root.folder.isLocked
-                onTriggered: root.isConfirmingDelete = true
-            }
+    Connections {
+        target: menuLoader.menu
+        ignoreUnknownSignals: true
+        function onRemoveRequested() {
+            root.isConfirmingDelete = true;
         }
     }
 
@@ -105,7 +94,7 @@ Item {
                 id: header
                 width: parent.width
                 folder: root.folder
-                receiver: root.receiver
+                receiver: root.model
             }
 
             FolderStatusCard {
@@ -137,7 +126,7 @@ Item {
 
                 width: parent.width
                 folder: root.folder
-                receiver: root.receiver
+                receiver: root.model
                 isSurroundingTargeted: root.contentsDropTargeted
                 viewportTop: scroll.contentY - items.contentTop
                 viewportHeight: scroll.height
@@ -149,33 +138,28 @@ Item {
         }
     }
 
-    Loader {
-        active: root.isConfirmingDelete
-
-        sourceComponent: AlertPanel {
-            objectName: "removeDialog"
-            title: qsTr("Remove Folder")
-            message: qsTr("The Dock icon will also be removed.")
-            actionText: qsTr("Remove Folder")
-            dismissText: qsTr("Cancel")
-            visible: true
-            onActed: root.folder.removeFolder()
-            onClosed: root.isConfirmingDelete = false
+    FileLoader {
+        id: removeAlert
+        file: root.isConfirmingDelete ? "RemoveFolderAlert.qml" : ""
+        properties: ({
+                "folder": root.folder
+            })
+    }
+    Connections {
+        target: removeAlert.item
+        ignoreUnknownSignals: true
+        function onClosed() {
+            root.isConfirmingDelete = false;
         }
     }
 
-    // Its files are read when it is first asked for.
-    Loader {
+    FileLoader {
         id: appPicker
-    }
-    onShowAppPickerChanged: {
-        if (root.showAppPicker)
-            appPicker.setSource("FolderAppPicker.qml", {
-                "scan": root.applicationScan,
+        file: root.showAppPicker ? "FolderAppPicker.qml" : ""
+        properties: ({
+                "scan": root.model.applicationScan,
                 "folder": root.folder
-            });
-        else
-            appPicker.source = "";
+            })
     }
     Connections {
         target: appPicker.item

@@ -1,9 +1,8 @@
 import QtQuick
-import QtQuick.Controls.Basic
 import Nestlet.Companion
 
 /// One row of the sidebar. Shows plain values, reports drops upwards.
-ItemDelegate {
+Item {
     id: root
 
     required property int index
@@ -26,16 +25,19 @@ ItemDelegate {
     readonly property bool isDropTargeted: dropTarget.isTargeted
     readonly property string caption: root.isDropTargeted ? qsTr("Drop to add") : root.status
     readonly property bool isEmphasized: root.isSelected && root.listHasFocus
+    readonly property alias hovered: mouse.containsMouse
+    readonly property real textWidth: root.width - (Theme.selectionInset + Theme.rowInset + thumbnail.size + 8)
+                                      - (Theme.selectionInset + 4)
     readonly property color restingInk: root.isInstalled && !root.isLocked ? Theme.blueInk : Theme.secondary
     // How far the look of a drop target is, which nothing else fades along with: not what another folder
     // or another selection brings.
     property real targeting: root.isDropTargeted ? 1 : 0
+    signal pressed
+    signal clicked
     /// By how many rows, as assistive programs ask for it.
     signal moveRequested(step: int)
 
     height: Theme.rowHeight
-    padding: 0
-    focusPolicy: Qt.NoFocus
     Accessible.ignored: root.isPooled
     Accessible.role: Accessible.ListItem
     Accessible.name: root.name
@@ -56,83 +58,80 @@ ItemDelegate {
         }
     }
 
-    ToolTip.text: root.name
-    ToolTip.visible: root.hovered && nameText.truncated && !root.down
-    ToolTip.delay: Theme.toolTipDelay
+    HelpTag.text: root.name
+    HelpTag.isShown: root.hovered && nameText.truncated && !mouse.pressed
 
-    background: Item {
-        Rectangle {
-            anchors.fill: parent
-            anchors.leftMargin: Theme.selectionInset
-            anchors.rightMargin: Theme.selectionInset
-            radius: Theme.buttonRadius
-            color: root.isEmphasized ? Theme.accentFill : Theme.selectedRow
-            opacity: root.isSelected ? 1 : 0
-        }
+    Rectangle {
+        objectName: "ground"
+        anchors.fill: parent
+        anchors.leftMargin: Theme.selectionInset
+        anchors.rightMargin: Theme.selectionInset
+        radius: Theme.buttonRadius
+        color: !root.isSelected ? "transparent" : root.isEmphasized ? Theme.accentFill : Theme.selectedRow
+        border.width: root.targeting > 0 ? 2 : 0
+        border.color: Theme.faded(Theme.accent, root.targeting)
+    }
 
-        FocusRing {
-            anchors.leftMargin: Theme.selectionInset - 3
-            anchors.rightMargin: Theme.selectionInset - 3
-            visible: root.isCurrent && InputModality.isKeyboard
-        }
+    Loader {
+        anchors.fill: parent
+        anchors.leftMargin: Theme.selectionInset
+        anchors.rightMargin: Theme.selectionInset
+        active: root.isCurrent && InputModality.isKeyboard
 
-        Rectangle {
-            objectName: "dropOutline"
-            anchors.fill: parent
-            anchors.leftMargin: Theme.selectionInset
-            anchors.rightMargin: Theme.selectionInset
-            radius: Theme.buttonRadius
-            color: "transparent"
-            border.width: 2
-            border.color: Theme.accent
-            opacity: root.targeting
+        sourceComponent: Item {
+            FocusRing {}
         }
     }
 
-    contentItem: Item { // qmllint disable deferred-property-id
-        SidebarFolderThumbnail {
-            id: thumbnail
-            anchors.left: parent.left
-            anchors.leftMargin: Theme.selectionInset + Theme.rowInset
-            anchors.verticalCenter: parent.verticalCenter
-            size: 36
-            radius: 8
-            folderID: root.folderID
-            accentColorHex: root.accentColorHex
-            iconSymbol: root.iconSymbol
-            pictureSource: root.pictureSource
-            previewURLs: root.previewURLs
-            previewColumns: root.previewColumns
-            isLocked: root.isLocked
-        }
+    SidebarFolderThumbnail {
+        id: thumbnail
+        anchors.left: parent.left
+        anchors.leftMargin: Theme.selectionInset + Theme.rowInset
+        anchors.verticalCenter: parent.verticalCenter
+        size: 36
+        radius: 8
+        folderID: root.folderID
+        accentColorHex: root.accentColorHex
+        iconSymbol: root.iconSymbol
+        pictureSource: root.pictureSource
+        previewURLs: root.previewURLs
+        previewColumns: root.previewColumns
+        isLocked: root.isLocked
+    }
 
-        Column {
-            anchors.left: thumbnail.right
-            anchors.leftMargin: 8
-            anchors.right: parent.right
-            anchors.rightMargin: Theme.selectionInset + 4
-            anchors.verticalCenter: parent.verticalCenter
-            spacing: 2
+    // A width that is there at once: a text is laid out anew for each that it is given.
+    CompanionText {
+        id: nameText
+        anchors.left: thumbnail.right
+        anchors.leftMargin: 8
+        y: Math.floor((root.height - nameText.height - 2 - captionText.height) / 2)
+        width: root.textWidth
+        text: root.name
+        font: Theme.headline
+        color: root.isEmphasized ? Theme.accentText : Theme.primary
+    }
 
-            CompanionText {
-                id: nameText
-                width: parent.width
-                text: root.name
-                font: Theme.headline
-                color: root.isEmphasized ? Theme.accentText : Theme.primary
-            }
+    CompanionText {
+        id: captionText
+        objectName: "caption"
+        anchors.left: nameText.left
+        anchors.top: nameText.bottom
+        anchors.topMargin: 2
+        width: root.textWidth
+        text: root.caption
+        font: Theme.caption
+        wrapMode: Text.Wrap
+        maximumLineCount: 2
+        color: root.isEmphasized ? Theme.accentText : root.targeting === 0 ? root.restingInk
+                                 : Qt.tint(root.restingInk, Theme.faded(Theme.accentInk, root.targeting))
+    }
 
-            CompanionText {
-                objectName: "caption"
-                width: parent.width
-                text: root.caption
-                font: Theme.caption
-                wrapMode: Text.Wrap
-                maximumLineCount: 2
-                color: root.isEmphasized ? Theme.accentText : root.targeting === 0 ? root.restingInk
-                                         : Qt.tint(root.restingInk, Theme.faded(Theme.accentInk, root.targeting))
-            }
-        }
+    MouseArea {
+        id: mouse
+        anchors.fill: parent
+        hoverEnabled: true
+        onPressed: root.pressed()
+        onClicked: root.clicked()
     }
 
     FileDropTarget {

@@ -1,8 +1,8 @@
 import QtQuick
-import QtQuick.Controls.Basic
+import QtQuick.Templates as T
 
 /// A menu in the look of the window, as wide as its widest entry.
-Menu {
+T.Menu {
     id: root
 
     readonly property real widestEntry: {
@@ -12,6 +12,10 @@ Menu {
         return width;
     }
 
+    implicitWidth: implicitBackgroundWidth
+    implicitHeight: contentHeight + topPadding + bottomPadding
+    margins: 0
+    overlap: 1
     padding: 5
 
     background: Item { // qmllint disable deferred-property-id

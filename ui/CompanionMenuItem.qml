@@ -1,8 +1,8 @@
 import QtQuick
-import QtQuick.Controls.Basic
+import QtQuick.Templates as T
 
 /// One entry of a CompanionMenu, with a symbol before its text.
-MenuItem {
+T.MenuItem {
     id: root
 
     property bool isDestructive: false
@@ -10,6 +10,7 @@ MenuItem {
     readonly property color ink: root.highlighted ? Theme.accentText : root.isDestructive ? Theme.redInk
                                                                                           : Theme.primary
 
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: 24
     leftPadding: 10
     rightPadding: 10

@@ -1,8 +1,10 @@
 import QtQuick
-import QtQuick.Controls.Basic
+import QtQuick.Templates as T
 
 /// The line between two groups of a menu's entries.
-MenuSeparator {
+T.MenuSeparator {
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    implicitHeight: implicitContentHeight + topPadding + bottomPadding
     topPadding: 5
     bottomPadding: 5
     leftPadding: 10

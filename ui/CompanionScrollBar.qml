@@ -1,10 +1,12 @@
 import QtQuick
-import QtQuick.Controls.Basic
+import QtQuick.Templates as T
 
 /// A scroll bar over the content: there while it is used, and never in the way of the layout.
-ScrollBar {
+T.ScrollBar {
     id: root
 
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    implicitHeight: implicitContentHeight + topPadding + bottomPadding
     minimumSize: 0.06
     padding: 3
     Accessible.ignored: true

@@ -61,21 +61,17 @@ Rectangle {
         MenuLoader {
             id: menuLoader
             button: menuButton
+            menuFile: "SidebarMenu.qml"
+            properties: ({
+                    "model": root.model
+                })
+        }
 
-            sourceComponent: CompanionMenu {
-                CompanionMenuItem {
-                    text: qsTr("Add All to Dock")
-                    enabled: root.model.addAllTotal === 0
-                    symbol: "square.stack.3d.up"
-                    onTriggered: root.model.addAllToDock()
-                }
-                CompanionMenuSeparator {}
-                CompanionMenuItem {
-                    text: qsTr("Reset Companion…")
-                    symbol: "arrow.counterclockwise"
-                    isDestructive: true
-                    onTriggered: root.resetRequested()
-                }
+        Connections {
+            target: menuLoader.menu
+            ignoreUnknownSignals: true
+            function onResetRequested() {
+                root.resetRequested();
             }
         }
     }
@@ -91,18 +87,17 @@ Rectangle {
         companion: root.model
     }
 
-    Loader {
+    FileLoader {
         id: progress
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.bottom: parent.bottom
-        active: root.model.addAllTotal > 0
-        height: active ? implicitHeight : 0
-
-        sourceComponent: AddAllProgress {
-            done: root.model.addAllDone
-            total: root.model.addAllTotal
-        }
+        file: root.model.addAllTotal > 0 ? "AddAllProgress.qml" : ""
+        properties: ({
+                "done": root.model.addAllDone,
+                "total": root.model.addAllTotal
+            })
+        height: file === "" ? 0 : implicitHeight
     }
 
     Divider {

@@ -1,14 +1,14 @@
 import QtQuick
-import QtQuick.Controls.Basic
+import QtQuick.Templates as T
 import Nestlet.Companion
 
 /// A line of text to be edited, as the window shows it.
-TextField {
+T.TextField {
     id: root
 
+    implicitWidth: 200
+    implicitHeight: contentHeight + topPadding + bottomPadding
     height: 24
-    topPadding: 0
-    bottomPadding: 0
     leftPadding: 8
     rightPadding: 8
     verticalAlignment: TextInput.AlignVCenter
@@ -18,6 +18,17 @@ TextField {
     placeholderTextColor: Theme.secondary
     selectionColor: Theme.accentFill
     selectedTextColor: Theme.accentText
+
+    CompanionText {
+        anchors.fill: parent
+        anchors.leftMargin: root.leftPadding
+        anchors.rightMargin: root.rightPadding
+        visible: root.length === 0 && root.preeditText === ""
+        text: root.placeholderText
+        font: root.font
+        color: root.placeholderTextColor
+        verticalAlignment: Text.AlignVCenter
+    }
 
     background: Rectangle {
         radius: Theme.buttonRadius

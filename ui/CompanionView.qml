@@ -1,22 +1,17 @@
 import QtQuick
-import QtQuick.Controls.Basic
 import QtQuick.Templates as T
 import Nestlet.Companion
 
 /// The window: strips over the sidebar and the detail of what is selected there, and the dialogs over
 /// all of it.
-ApplicationWindow {
+T.ApplicationWindow {
     id: root
 
     required property CompanionViewModel model
     /// Null: there is no way to choose a picture, and no colour panel but the window's own.
     property SystemPanels panels: null
     property bool isConfirmingReset: false
-    property bool hasStyledToolTip: false
-    readonly property CompanionFolderDetail folderDetail: detail.item as CompanionFolderDetail
-    readonly property bool hasDialog: root.isConfirmingReset || root.model.errorMessage !== ""
-                                      || root.folderDetail !== null && (root.folderDetail.isConfirmingDelete
-                                                                        || root.folderDetail.showAppPicker)
+    readonly property bool hasDialog: root.isConfirmingReset || root.model.errorMessage !== "" || detail.hasDialog
 
     title: qsTr("Nestlet Companion")
     width: 1060
@@ -29,37 +24,6 @@ ApplicationWindow {
     font: Theme.body
     LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft // qmllint disable unqualified
     LayoutMirroring.childrenInherit: true
-    palette.toolTipText: Theme.primary
-    palette.window: Theme.window
-    palette.windowText: Theme.primary
-    palette.text: Theme.primary
-    palette.highlight: Theme.accentFill
-    palette.highlightedText: Theme.accentText
-
-    // All controls share one tooltip, which is there only once a control has asked for it.
-    Component {
-        id: toolTipGround
-
-        Rectangle {
-            radius: 4
-            color: Theme.menu
-            border.width: 1
-            border.color: Theme.menuBorder
-        }
-    }
-    function styleToolTip(toolTip: T.ToolTip) {
-        toolTip.font = Theme.subheadline;
-        toolTip.background = toolTipGround.createObject(root.contentItem) as Item;
-        toolTip.padding = 6;
-    }
-    Connections {
-        target: root
-        enabled: !root.hasStyledToolTip
-        function onFrameSwapped() {
-            root.hasStyledToolTip = true;
-            root.styleToolTip(strips.ToolTip.toolTip);
-        }
-    }
 
     WindowCommands {
         isBlocked: root.hasDialog
@@ -104,45 +68,15 @@ ApplicationWindow {
             onResetRequested: root.isConfirmingReset = true
         }
 
-        Item {
+        DetailColumn {
+            id: detail
             anchors.left: sidebar.right
             anchors.right: parent.right
             anchors.top: parent.top
             anchors.bottom: parent.bottom
-
-            Loader {
-                id: detail
-                anchors.fill: parent
-                active: root.model.detailKind === CompanionViewModel.Folder
-
-                sourceComponent: CompanionFolderDetail {
-                    folder: root.model.detail
-                    receiver: root.model
-                    applicationScan: root.model.applicationScan
-                    panels: root.panels
-                    onPickImageRequested: folderID => imagePanel.open(folderID)
-                }
-            }
-
-            Loader {
-                anchors.fill: parent
-                active: root.model.detailKind === CompanionViewModel.AppStoreFolder
-
-                sourceComponent: MASFolderDetailView {
-                    model: root.model
-                }
-            }
-
-            Loader {
-                anchors.fill: parent
-                active: root.model.detailKind === CompanionViewModel.Placeholder
-
-                sourceComponent: CompanionPlaceholder {
-                    symbol: "folder"
-                    title: qsTr("Select a Folder")
-                    description: qsTr("Choose a folder from the sidebar or create one with ⌘N.")
-                }
-            }
+            model: root.model
+            panels: root.panels
+            onPickImageRequested: folderID => imagePanel.open(folderID)
         }
 
         SidebarHandle {
@@ -160,37 +94,31 @@ ApplicationWindow {
         onChosen: (url, folderID) => root.model.detail.loadCustomImage(url, folderID)
     }
 
-    Loader {
-        active: root.isConfirmingReset
-
-        sourceComponent: AlertPanel {
-            objectName: "resetDialog"
-            title: qsTr("Reset Companion?")
-            message: qsTr("This removes all Companion folders, their Dock icons, and Companion data. The free Nestlet folder is unaffected. This cannot be undone.")
-            actionText: qsTr("Reset Everything")
-            dismissText: qsTr("Cancel")
-            visible: true
-            onActed: root.model.resetEverything()
-            onClosed: root.isConfirmingReset = false
+    FileLoader {
+        id: resetAlert
+        file: root.isConfirmingReset ? "ResetAlert.qml" : ""
+        properties: ({
+                "model": root.model
+            })
+    }
+    Connections {
+        target: resetAlert.item
+        ignoreUnknownSignals: true
+        function onClosed() {
+            root.isConfirmingReset = false;
         }
     }
 
     // Made for the first error, and kept: it fades away when the error has gone.
-    Loader {
-        id: errorAlert
-        active: false
-        Component.onCompleted: active = root.model.errorMessage !== ""
+    FileLoader {
+        property bool hadError: false
+        readonly property bool hasError: root.model.errorMessage !== ""
 
-        sourceComponent: ErrorAlert {
-            model: root.model
-        }
-    }
-
-    Connections {
-        target: root.model
-        enabled: !errorAlert.active
-        function onErrorMessageChanged() {
-            errorAlert.active = root.model.errorMessage !== "";
-        }
+        file: hadError ? "ErrorAlert.qml" : ""
+        properties: ({
+                "model": root.model
+            })
+        onHasErrorChanged: hadError = true
+        Component.onCompleted: hadError = hasError
     }
 }

@@ -1,9 +1,9 @@
 import QtQuick
-import QtQuick.Controls.Basic
+import QtQuick.Templates as T
 import Nestlet.Companion
 
 /// The button that puts a folder into the Dock or builds its Dock app anew.
-Button {
+T.Button {
     id: root
 
     required property bool isInstalled
@@ -13,6 +13,8 @@ Button {
 
     text: root.isBusy ? (root.isInstalled ? qsTr("Updating Dock") : qsTr("Adding to Dock"))
                       : (root.isInstalled ? qsTr("Update Dock") : qsTr("Show in Dock"))
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    implicitHeight: implicitContentHeight + topPadding + bottomPadding
     leftPadding: 20
     rightPadding: 20
     topPadding: 10

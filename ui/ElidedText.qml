@@ -1,14 +1,12 @@
 import QtQuick
-import QtQuick.Controls.Basic
 import Nestlet.Companion
 
 /// A line of text that says all of it in a tooltip where it has not enough room.
 CompanionText {
     id: root
 
-    ToolTip.text: root.text
-    ToolTip.visible: hover.hovered && root.truncated
-    ToolTip.delay: Theme.toolTipDelay
+    HelpTag.text: root.text
+    HelpTag.isShown: hover.hovered && root.truncated
 
     HoverHandler {
         id: hover

@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Controls.Basic
 import Nestlet.Companion
 
 /// One item of a folder: its icon over its name, with a button that takes it out while the pointer is
@@ -40,9 +39,8 @@ Item {
     Accessible.onIncreaseAction: root.moveRequested(1)
     Accessible.onDecreaseAction: root.moveRequested(-1)
 
-    ToolTip.text: root.name
-    ToolTip.visible: root.isHovered && nameText.truncated && !removeButton.isHovered && !root.isDragging
-    ToolTip.delay: Theme.toolTipDelay
+    HelpTag.text: root.name
+    HelpTag.isShown: root.isHovered && nameText.truncated && !removeButton.isHovered && !root.isDragging
 
     Behavior on opacity {
         NumberAnimation {

@@ -1,7 +1,7 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Controls.Basic
+import QtQuick.Templates as T
 import Nestlet.Companion
 
 /// The rows of all folders. The selection is the window's: the list shows it and asks for another.
@@ -51,7 +51,7 @@ ListView {
     highlightFollowsCurrentItem: false
     Accessible.role: Accessible.List
     Accessible.name: qsTr("Dock Folders")
-    ScrollBar.vertical: CompanionScrollBar {}
+    T.ScrollBar.vertical: CompanionScrollBar {}
     onSelectionChanged: {
         root.currentIndex = root.selectedRow();
         root.reveal(root.currentIndex);

@@ -30,11 +30,20 @@ Item {
         root.holdPosition = y;
         root.heldRow = row.index;
         root.heldFolderID = row.folderID;
-        picture.show(row);
+        picture.setSource("HeldFolder.qml", {
+            "name": row.name,
+            "folderID": row.folderID,
+            "accentColorHex": row.accentColorHex,
+            "iconSymbol": row.iconSymbol,
+            "pictureSource": row.pictureSource,
+            "previewURLs": row.previewURLs,
+            "previewColumns": row.previewColumns
+        });
     }
     function letGo() {
         root.heldFolderID = "";
         root.heldRow = -1;
+        picture.source = "";
     }
     function drop() {
         const folderID = root.heldFolderID;
@@ -81,10 +90,8 @@ Item {
         position: root.heldRow >= 0 ? root.holdPosition : NaN
     }
 
-    HeldFolder {
+    Loader { // whose file is read when a folder is first held
         id: picture
-        objectName: "heldFolder"
-        visible: root.heldRow >= 0
         y: root.heldTop
         width: root.width
     }

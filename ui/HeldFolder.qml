@@ -5,18 +5,15 @@ import QtQuick
 Item {
     id: root
 
-    readonly property alias name: nameText.text
+    required property string name
+    required property string folderID
+    required property string accentColorHex
+    required property string iconSymbol
+    required property string pictureSource
+    required property var previewURLs
+    required property int previewColumns
 
-    function show(row: CompanionFolderRow) {
-        nameText.text = row.name;
-        thumbnail.folderID = row.folderID;
-        thumbnail.accentColorHex = row.accentColorHex;
-        thumbnail.iconSymbol = row.iconSymbol;
-        thumbnail.pictureSource = row.pictureSource;
-        thumbnail.previewURLs = row.previewURLs;
-        thumbnail.previewColumns = row.previewColumns;
-    }
-
+    objectName: "heldFolder"
     height: Theme.rowHeight
     Accessible.ignored: true
 
@@ -38,22 +35,22 @@ Item {
         anchors.verticalCenter: parent.verticalCenter
         size: 36
         radius: 8
-        folderID: ""
-        accentColorHex: ""
-        iconSymbol: ""
-        pictureSource: ""
-        previewURLs: []
-        previewColumns: 2
+        folderID: root.folderID
+        accentColorHex: root.accentColorHex
+        iconSymbol: root.iconSymbol
+        pictureSource: root.pictureSource
+        previewURLs: root.previewURLs
+        previewColumns: root.previewColumns
         isLocked: false
     }
 
     CompanionText {
-        id: nameText
         anchors.left: thumbnail.right
         anchors.leftMargin: 8
         anchors.right: parent.right
         anchors.rightMargin: Theme.selectionInset + 4
         anchors.verticalCenter: parent.verticalCenter
+        text: root.name
         font: Theme.headline
     }
 }

@@ -2,12 +2,9 @@ import QtQuick
 import Nestlet.Companion
 
 /// The right column for the folder that Nestlet manages itself: read-only.
-Item {
+DetailPane {
     id: root
 
-    required property CompanionViewModel model
-
-    Accessible.role: Accessible.Pane
     Accessible.name: qsTr("Nestlet")
 
     DetailHeader {

@@ -1,18 +1,20 @@
 import QtQuick
-import QtQuick.Controls.Basic
+import QtQuick.Templates as T
 
 /// Makes the menu of a button when it is wanted first, and shows it under the button.
-Loader {
+FileLoader {
     id: root
 
     required property Item button
+    /// The menu's.
+    required property string menuFile
+    readonly property T.Menu menu: root.item as T.Menu
     readonly property bool isShown: root.menu !== null && root.menu.visible
-    readonly property Menu menu: root.item as Menu
 
     function open() {
-        root.active = true;
+        root.file = root.menuFile;
         root.menu.popup(root.button, root.button.width - root.menu.width, root.button.height + 4);
     }
 
-    active: false
+    file: ""
 }

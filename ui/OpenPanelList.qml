@@ -1,7 +1,7 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Controls.Basic
+import QtQuick.Templates as T
 import Nestlet.Companion
 
 /// The directories and pictures of an open panel's directory.
@@ -58,7 +58,7 @@ Item {
         activeFocusOnTab: true
         boundsBehavior: Flickable.StopAtBounds
         model: root.browser
-        ScrollBar.vertical: CompanionScrollBar {}
+        T.ScrollBar.vertical: CompanionScrollBar {}
         Accessible.role: Accessible.List
         Accessible.name: qsTr("Files")
         Component.onCompleted: root.selectFirst()

@@ -1,5 +1,5 @@
 import QtQuick
-import QtQuick.Controls.Basic
+import Nestlet.Companion
 
 /// One line of an open panel's lists: an icon or a symbol, and a name.
 Item {
@@ -22,9 +22,8 @@ Item {
     Accessible.selectable: true
     Accessible.selected: root.isSelected
     Accessible.onPressAction: root.activated()
-    ToolTip.text: root.text
-    ToolTip.visible: mouse.containsMouse && label.truncated
-    ToolTip.delay: Theme.toolTipDelay
+    HelpTag.text: root.text
+    HelpTag.isShown: mouse.containsMouse && label.truncated
 
     Rectangle {
         anchors.fill: parent

@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Controls.Basic
 import Nestlet.Companion
 
 /// One cell of a PickerGroup: `text` is its name. It looks as its users make it look. An item, no
@@ -29,9 +28,8 @@ Item {
     Accessible.focused: root.activeFocus
     Accessible.onPressAction: root.clicked()
     Accessible.onToggleAction: root.clicked()
-    ToolTip.text: root.text
-    ToolTip.visible: root.isToolTipDue && root.hovered
-    ToolTip.delay: Theme.toolTipDelay
+    HelpTag.text: root.text
+    HelpTag.isShown: root.isToolTipDue && root.hovered
     onHoveredChanged: root.isToolTipDue = root.showsToolTip && root.hovered
     onActiveFocusChanged: {
         if (root.activeFocus)

@@ -1,9 +1,9 @@
 import QtQuick
-import QtQuick.Controls.Basic
+import QtQuick.Templates as T
 import Nestlet.Companion
 
 /// A push button. The default one is filled with the accent; a destructive one is red.
-Button {
+T.Button {
     id: root
 
     property bool isDefault: false
@@ -15,6 +15,7 @@ Button {
     readonly property color ink: root.isDefault ? Theme.accentText : root.isDestructive ? Theme.destructiveInk
                                                                                         : Theme.primary
 
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: root.isLarge ? 32 : 24
     leftPadding: root.isLarge ? 16 : 12
     rightPadding: root.leftPadding

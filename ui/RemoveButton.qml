@@ -1,5 +1,5 @@
 import QtQuick
-import QtQuick.Controls.Basic
+import Nestlet.Companion
 
 /// The small button in a cell's corner. It is shown to the pointer only while it is wanted there, and
 /// always to assistive programs.
@@ -17,9 +17,8 @@ Item {
     Accessible.name: root.text
     Accessible.onPressAction: root.clicked()
 
-    ToolTip.text: root.text
-    ToolTip.visible: root.isHovered && !tap.pressed
-    ToolTip.delay: Theme.toolTipDelay
+    HelpTag.text: root.text
+    HelpTag.isShown: root.isHovered && !tap.pressed
 
     HoverHandler {
         id: hover

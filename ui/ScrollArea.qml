@@ -1,5 +1,5 @@
 import QtQuick
-import QtQuick.Controls.Basic
+import QtQuick.Templates as T
 import Nestlet.Companion
 
 /// A column that scrolls by wheel, bar and keyboard, as on a desktop: never by dragging what is in it.
@@ -46,7 +46,7 @@ Flickable {
     clip: true
     contentWidth: width
     boundsBehavior: Flickable.StopAtBounds
-    ScrollBar.vertical: CompanionScrollBar {}
+    T.ScrollBar.vertical: CompanionScrollBar {}
     onFocusItemChanged: root.revealFocus()
 
     WheelScrolling {

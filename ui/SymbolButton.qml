@@ -1,9 +1,9 @@
 import QtQuick
-import QtQuick.Controls.Basic
+import QtQuick.Templates as T
 import Nestlet.Companion
 
 /// A button that shows only a symbol; `text` is its tooltip and its name.
-ToolButton {
+T.ToolButton {
     id: root
 
     property string symbol
@@ -15,7 +15,7 @@ ToolButton {
     implicitWidth: 28
     implicitHeight: 28
     padding: 0
-    display: AbstractButton.IconOnly
+    display: T.AbstractButton.IconOnly
     hoverEnabled: true
     Accessible.role: Accessible.Button
     Accessible.name: root.text
@@ -23,9 +23,8 @@ ToolButton {
         if (root.enabled)
             root.clicked();
     }
-    ToolTip.text: root.text
-    ToolTip.visible: (root.hovered || root.visualFocus) && !root.down && !root.isMenuShown
-    ToolTip.delay: Theme.toolTipDelay
+    HelpTag.text: root.text
+    HelpTag.isShown: (root.hovered || root.visualFocus) && !root.down && !root.isMenuShown
     Keys.onReturnPressed: root.clicked()
     Keys.onEnterPressed: root.clicked()
 

@@ -9,30 +9,33 @@ Column {
     /// The focus was in a strip that has gone.
     signal focusLost
 
-    Loader {
+    FileLoader {
         width: parent.width
-        active: !root.model.isNestletInstalled
-        visible: active
-
-        sourceComponent: NestletMissingBanner {}
+        file: root.model.isNestletInstalled ? "" : "NestletMissingBanner.qml"
+        visible: item !== null
     }
 
-    Loader {
+    FileLoader {
         id: updateStrip
         width: parent.width
-        active: root.model.isUpdateAvailable
-        visible: active
+        file: root.model.isUpdateAvailable ? "UpdateAvailableBanner.qml" : ""
+        properties: ({
+                "version": root.model.availableVersion
+            })
+        visible: item !== null
+    }
 
-        sourceComponent: UpdateAvailableBanner {
-            version: root.model.availableVersion
-            onDownloadRequested: root.model.downloadUpdate()
-            onDismissed: {
-                const strips = root; // outlives the strip
-                const hadFocus = updateStrip.activeFocus;
-                strips.model.dismissUpdate();
-                if (hadFocus)
-                    strips.focusLost();
-            }
+    Connections {
+        target: updateStrip.item
+        ignoreUnknownSignals: true
+        function onDownloadRequested() {
+            root.model.downloadUpdate();
+        }
+        function onDismissed() {
+            const hadFocus = updateStrip.activeFocus;
+            root.model.dismissUpdate();
+            if (hadFocus)
+                root.focusLost();
         }
     }
 }

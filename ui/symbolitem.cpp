@@ -93,7 +93,10 @@ void SymbolItem::geometryChange(const QRectF &newGeometry, const QRectF &oldGeom
 void SymbolItem::itemChange(ItemChange change, const ItemChangeData &value)
 {
     QQuickItem::itemChange(change, value);
-    if (change == ItemDevicePixelRatioHasChanged || (change == ItemSceneChange && value.window))
+    const bool isToBeDrawn = change == ItemDevicePixelRatioHasChanged
+        || (change == ItemSceneChange && value.window)
+        || (change == ItemVisibleHasChanged && value.boolValue);
+    if (isToBeDrawn)
         polish();
 }
 
@@ -106,7 +109,7 @@ QSize SymbolItem::imageSize() const
 // Here, so that several changes between two frames are drawn once, and hidden symbols never.
 void SymbolItem::updatePolish()
 {
-    if (!window())
+    if (!window() || !isVisible())
         return;
     m_look.pixelRatio = window()->effectiveDevicePixelRatio();
     m_image = symbolImage(m_name, m_look, imageSize());

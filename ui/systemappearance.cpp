@@ -1,10 +1,14 @@
 #include "ui/systemappearance.h"
 
 #include "platform/qt/paletteappearance.h"
+#include "platform/symbolimages.h"
 
 #include <QFontMetrics>
 #include <QGuiApplication>
 #include <QQmlEngine>
+
+#include <array>
+#include <tuple>
 
 namespace {
 
@@ -25,12 +29,23 @@ void setAppearance(QQmlEngine &engine, Appearance &appearance)
 
 void loadFonts(const Appearance &appearance)
 {
-    // The theme's weights: each is a file. Sizes of the same file cost little.
-    for (const auto weight : {QFont::Normal, QFont::Medium, QFont::DemiBold, QFont::Bold}) {
+    // What the window's first texts are written in: others are read when they are needed.
+    struct Typeface {
+        int pixelSize;
+        QFont::Weight weight;
+    };
+    constexpr auto first = std::to_array<Typeface>({{10, QFont::Normal},
+                                                    {13, QFont::Normal},
+                                                    {13, QFont::Bold},
+                                                    {15, QFont::Bold},
+                                                    {22, QFont::DemiBold}});
+    for (const auto &[pixelSize, weight] : first) {
         QFont font(fontFamilyOf(appearance));
+        font.setPixelSize(pixelSize);
         font.setWeight(weight);
         QFontMetrics(font).horizontalAdvance(u'A');
     }
+    std::ignore = symbolImage(QStringLiteral("plus"), {}, QSize(1, 1)); // however small
 }
 
 SystemAppearance *SystemAppearance::create(QQmlEngine *engine, QJSEngine *)

@@ -44,6 +44,6 @@ private:
 /// Names the appearance that an engine's windows follow; to be called before it loads anything.
 void setAppearance(QQmlEngine &engine, Appearance &appearance);
 
-/// Reads the fonts of the windows' texts, which the first text would wait for: to be called while
-/// something else has to be waited for.
+/// Reads the fonts of the window's first texts and of the symbols, which these would wait for: to
+/// be called while something else has to be waited for.
 void loadFonts(const Appearance &appearance);

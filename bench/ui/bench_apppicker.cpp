@@ -23,10 +23,10 @@ constexpr int applicationCount = 5000;
 
 const QByteArray windowText = R"(
     import QtQuick
-    import QtQuick.Controls.Basic
+    import QtQuick.Templates as T
     import Nestlet.Companion
 
-    ApplicationWindow {
+    T.ApplicationWindow {
         id: root
         required property ApplicationScan scan
         width: 1060

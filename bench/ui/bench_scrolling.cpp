@@ -20,9 +20,9 @@ constexpr double step = 37; // a fast wheel; no row starts twice at the same pla
 
 const QByteArray rectanglesText = R"(
     import QtQuick
-    import QtQuick.Controls.Basic
+    import QtQuick.Templates as T
 
-    ApplicationWindow {
+    T.ApplicationWindow {
         width: 1060
         height: 800
         visible: true

@@ -202,26 +202,28 @@ void PseudoLocaleTest::theStripsFit()
 void PseudoLocaleTest::menusFit_data()
 {
     QTest::addColumn<QByteArray>("context");
+    QTest::addColumn<QByteArray>("button");
     QTest::addColumn<QByteArray>("menu");
     QTest::addColumn<QByteArray>("entry");
-    QTest::newRow("of the window")
-        << QByteArray("CompanionSidebar") << QByteArray("More") << QByteArray("Reset Companion…");
+    QTest::newRow("of the window") << QByteArray("CompanionSidebar") << QByteArray("More")
+                                   << QByteArray("SidebarMenu") << QByteArray("Reset Companion…");
     QTest::newRow("of the folder")
         << QByteArray("CompanionFolderDetail") << QByteArray("Folder Actions")
-        << QByteArray("Reveal in Finder");
+        << QByteArray("FolderActionsMenu") << QByteArray("Reveal in Finder");
 }
 
 void PseudoLocaleTest::menusFit()
 {
     QFETCH(QByteArray, context);
+    QFETCH(QByteArray, button);
     QFETCH(QByteArray, menu);
     QFETCH(QByteArray, entry);
     m_window->installNestlet();
     QVERIFY(m_window->open({m_full}));
     m_window->click(m_window->row(m_full.name));
-    press(context.constData(), menu.constData());
+    press(context.constData(), button.constData());
     QTRY_VERIFY(
-        m_window->item(QAccessible::MenuItem, translated(context.constData(), entry.constData())));
+        m_window->item(QAccessible::MenuItem, translated(menu.constData(), entry.constData())));
     QTRY_VERIFY2(faults().isEmpty(), qUtf8Printable(faults()));
 }
 
@@ -229,24 +231,28 @@ void PseudoLocaleTest::alertsFit_data()
 {
     QTest::addColumn<QByteArray>("dialog");
     QTest::addColumn<QByteArray>("context");
+    QTest::addColumn<QByteArray>("button");
     QTest::addColumn<QByteArray>("menu");
     QTest::addColumn<QByteArray>("entry");
     QTest::newRow("removing") << QByteArray("removeDialog") << QByteArray("CompanionFolderDetail")
-                              << QByteArray("Folder Actions") << QByteArray("Remove Folder");
+                              << QByteArray("Folder Actions") << QByteArray("FolderActionsMenu")
+                              << QByteArray("Remove Folder");
     QTest::newRow("resetting") << QByteArray("resetDialog") << QByteArray("CompanionSidebar")
-                               << QByteArray("More") << QByteArray("Reset Companion…");
+                               << QByteArray("More") << QByteArray("SidebarMenu")
+                               << QByteArray("Reset Companion…");
 }
 
 void PseudoLocaleTest::alertsFit()
 {
     QFETCH(QByteArray, dialog);
     QFETCH(QByteArray, context);
+    QFETCH(QByteArray, button);
     QFETCH(QByteArray, menu);
     QFETCH(QByteArray, entry);
     QVERIFY(m_window->open({m_full}));
     m_window->click(m_window->row(m_full.name));
-    QVERIFY(m_window->choose(translated(context.constData(), menu.constData()),
-                             translated(context.constData(), entry.constData())));
+    QVERIFY(m_window->choose(translated(context.constData(), button.constData()),
+                             translated(menu.constData(), entry.constData())));
     QTRY_VERIFY(m_window->isOpen(dialog.constData()));
     QTRY_VERIFY2(faults().isEmpty(), qUtf8Printable(faults()));
 }

@@ -28,7 +28,7 @@ class TextsTest(unittest.TestCase):
 
     def test_a_plain_text_is_found_where_it_is_shown(self):
         for place in ("text", "title", "message", "actionText", "placeholderText", "description",
-                      "Accessible.name", "Accessible.description", "ToolTip.text"):
+                      "Accessible.name", "Accessible.description", "HelpTag.text"):
             with self.subTest(place):
                 self.assertEqual(self.in_qml("Item {", f'    {place}: "Plain"', "}"),
                                  [("2", '"Plain"')])

@@ -24,7 +24,7 @@ private:
     {
         return QCoreApplication::translate("FolderItemsSection", "%Ln item(s)", nullptr, count);
     }
-    static QString cancel() { return QCoreApplication::translate("CompanionView", "Cancel"); }
+    static QString cancel() { return QCoreApplication::translate("ResetAlert", "Cancel"); }
 };
 
 void TranslationsTest::englishHasPlurals_data()

@@ -9,10 +9,10 @@ namespace {
 
 constexpr auto scene = R"(
 import QtQuick
-import QtQuick.Controls.Basic
+import QtQuick.Templates as T
 import Nestlet.Companion
 
-ApplicationWindow {
+T.ApplicationWindow {
     id: root
 
     required property FolderDetailModel folder

@@ -9,10 +9,10 @@ namespace {
 // The sheet as the detail opens it, from a button that has the focus.
 const QByteArray windowText = R"(
     import QtQuick
-    import QtQuick.Controls.Basic
+    import QtQuick.Templates as T
     import Nestlet.Companion
 
-    ApplicationWindow {
+    T.ApplicationWindow {
         id: root
         required property ApplicationScan scan
         required property list<string> existingURLs

@@ -38,7 +38,7 @@ private:
     [[nodiscard]] QQuickItem *shown(const char *name) const
     {
         QQuickItem *const item = WindowFixture::part(list(), name);
-        return item->isVisible() ? item : nullptr;
+        return item && item->isVisible() ? item : nullptr;
     }
 
     QList<DockFolder> m_folders;

@@ -1,0 +1,30 @@
+import QtQuick
+
+/// Makes what a QML file describes, while it is wanted. The file, and those that it names, are read when
+/// it is first wanted: a program starts sooner without what is mostly not shown.
+Loader {
+    id: root
+
+    /// Empty: nothing is wanted.
+    required property string file
+    /// What it is made with, and told when it changes.
+    property var properties: ({})
+
+    function load() {
+        if (root.file === "")
+            root.source = "";
+        else
+            root.setSource(root.file, root.properties);
+    }
+
+    function tell() {
+        for (const name in root.properties)
+            root.item[name] = root.properties[name];
+    }
+
+    onFileChanged: root.load()
+    onPropertiesChanged: {
+        if (root.item)
+            root.tell();
+    }
+}

@@ -1,0 +1,76 @@
+#include "ui/helptag.h"
+
+#include <QQmlComponent>
+#include <QQmlEngine>
+
+namespace {
+
+// Made when the first text is shown: the program starts without it.
+QObject *sharedPopup(const QObject *item)
+{
+    const QString name = QStringLiteral("helpTagPopup");
+    QQmlEngine *const engine = qmlEngine(item);
+    auto *popup = engine->findChild<QObject *>(name, Qt::FindDirectChildrenOnly);
+    if (!popup) {
+        QQmlComponent component(
+            engine, QUrl(QStringLiteral("qrc:/qt/qml/Nestlet/Companion/HelpTagPopup.qml")));
+        popup = component.create();
+        popup->setObjectName(name);
+        popup->setParent(engine);
+    }
+    return popup;
+}
+
+// Whose tag the popup shows, or showed last.
+QQuickItem *owner(const QObject *popup)
+{
+    return popup->property("parent").value<QQuickItem *>();
+}
+
+} // namespace
+
+HelpTag::HelpTag(QObject *item)
+    : QObject(item)
+{
+}
+
+HelpTag::~HelpTag()
+{
+    if (m_popup)
+        m_popup->setProperty("visible", false);
+}
+
+void HelpTag::setText(const QString &text)
+{
+    if (m_text == text)
+        return;
+    m_text = text;
+    if (m_isShown)
+        show();
+    Q_EMIT textChanged();
+}
+
+void HelpTag::setShown(bool isShown)
+{
+    if (m_isShown == isShown)
+        return;
+    m_isShown = isShown;
+    isShown ? show() : hide();
+    Q_EMIT isShownChanged();
+}
+
+void HelpTag::show()
+{
+    m_popup = sharedPopup(parent());
+    m_popup->setProperty("parent", QVariant::fromValue(qobject_cast<QQuickItem *>(parent())));
+    m_popup->setProperty("text", m_text);
+    m_popup->setProperty("visible", true);
+}
+
+// Another item may have taken the popup meanwhile.
+void HelpTag::hide()
+{
+    if (m_popup && owner(m_popup) == parent())
+        m_popup->setProperty("visible", false);
+    m_popup = nullptr;
+}
