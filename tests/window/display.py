@@ -60,8 +60,9 @@ class Display:
 
     def _start_server(self):
         reading, writing = os.pipe()
-        self.start("Xvfb", "-displayfd", str(writing), "-screen", "0",
-                   "{}x{}x24".format(*self._size), "-nolisten", "tcp", "-noreset", pass_fds=[writing])
+        width, height = self._size
+        self.start("Xvfb", "-displayfd", str(writing), "-screen", "0", f"{width}x{height}x24",
+                   "-nolisten", "tcp", "-noreset", pass_fds=[writing])
         os.close(writing)
         with os.fdopen(reading) as numbers:
             return numbers.readline().strip()

@@ -121,9 +121,10 @@ def line(pixels):
 
 
 def are_apart(first, second):
-    """As lines and columns: whether one ends where the other begins, or before."""
-    return any(start + size <= other or other + its_size <= start
-               for start, size, other, its_size in zip(first[:2], first[2:], second[:2], second[2:]))
+    """Whether one ends where the other begins, or before, in a row or in a column."""
+    def follow(a, b):
+        return any(a[side] + a[side + 2] <= b[side] for side in (0, 1))
+    return follow(first, second) or follow(second, first)
 
 
 class ScalingTest(unittest.TestCase):
