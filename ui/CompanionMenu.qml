@@ -17,6 +17,7 @@ T.Menu {
     margins: 0
     overlap: 1
     padding: 5
+    margins: Theme.rowInset // from the window's edges
 
     background: Item { // qmllint disable deferred-property-id
         implicitWidth: Math.max(210, Math.ceil(root.widestEntry) + 2 * root.padding)

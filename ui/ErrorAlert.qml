@@ -14,7 +14,7 @@ AlertPanel {
             root.close();
             return;
         }
-        root.message = root.error;
+        root.message = root.error.trim(); // what a tool said ends its line
         root.open();
     }
 

@@ -11,10 +11,10 @@ from mac import BUILD, StandInMac
 display = Display()
 
 
-def open_display():
+def open_display(**options):
     """For a module's `setUpModule`."""
     unittest.addModuleCleanup(display.close)
-    display.open()
+    display.open(**options)
 
 
 def pictured_on_failure(test):
@@ -32,11 +32,11 @@ def pictured_on_failure(test):
 class Companion:
     """The program as a process, and what a user does with its window."""
 
-    def __init__(self, mac):
+    def __init__(self, mac, *arguments):
         from accessibility import Program  # only now is there a bus to speak on
         self._log = mac.root.parent / "companion.log"
         with self._log.open("ab") as log:
-            self.process = display.start(str(BUILD / "bin/nestlet-companion"),
+            self.process = display.start(str(BUILD / "bin/nestlet-companion"), *arguments,
                                          environment=mac.environment, stdout=log, stderr=log)
         self._program = Program(self.process.pid)
         self.widgets = self._program.widgets

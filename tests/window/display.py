@@ -45,7 +45,8 @@ class Display:
             "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1",
         }
 
-    def open(self):
+    def open(self, size=(1440, 1000)):
+        self._size = size
         number = self._start_server()
         self.environment["DISPLAY"] = f":{number}"
         bus = self.start("dbus-daemon", "--session", "--nofork", "--print-address",
@@ -59,7 +60,8 @@ class Display:
 
     def _start_server(self):
         reading, writing = os.pipe()
-        self.start("Xvfb", "-displayfd", str(writing), "-screen", "0", "1440x1000x24",
+        width, height = self._size
+        self.start("Xvfb", "-displayfd", str(writing), "-screen", "0", f"{width}x{height}x24",
                    "-nolisten", "tcp", "-noreset", pass_fds=[writing])
         os.close(writing)
         with os.fdopen(reading) as numbers:
@@ -118,7 +120,7 @@ class Display:
 
     def park_pointer(self):
         """Puts the pointer where nothing follows it."""
-        self.do("mousemove", 1439, 0)
+        self.do("mousemove", self._size[0] - 1, 0)
 
     def hover(self, place):
         self.do("mousemove", place[0] - 3, place[1], "sleep", "0.05", "mousemove", *place)

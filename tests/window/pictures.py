@@ -37,6 +37,29 @@ def look_the_same(first, second):
     return differing is not None and differing <= PIXEL_TOLERANCE
 
 
+def cropped(picture, area):
+    """A part of a picture, as a picture beside it."""
+    part = picture.with_name(f"{picture.stem}-{area}{picture.suffix}")
+    subprocess.run(["convert", str(picture), "-crop", area, "+repage", str(part)], check=True)
+    return part
+
+
+def colors_of(picture):
+    """Three bytes for each pixel, row by row."""
+    return subprocess.check_output(["convert", str(picture), "-depth", "8", "rgb:-"])
+
+
+def difference_from_enlarged(small, large):
+    """How far a picture is from a smaller one that was made as large, whichever way was taken."""
+    differences = []
+    for method in ("point", "triangle", "catrom"):
+        differences.append(float(subprocess.check_output(
+            ["convert", str(small), "-filter", method, "-resize", f"{size_of(large)}!",
+             str(large), "-metric", "RMSE", "-compare", "-format", "%[distortion]", "info:"],
+            text=True)))
+    return min(differences)
+
+
 def draw_difference(first, second, path):
     subprocess.run(["compare", "-fuzz", COLOR_TOLERANCE, str(first), str(second), str(path)],
                    check=False, stderr=subprocess.DEVNULL)

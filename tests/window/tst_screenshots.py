@@ -13,7 +13,7 @@ from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).parent))
 
-from companion import WindowTest, display, open_display  # noqa: E402
+from companion import FileManager, WindowTest, display, open_display  # noqa: E402
 from display import wait_for  # noqa: E402
 from feed import Feed  # noqa: E402
 from mac import BUILD  # noqa: E402
@@ -87,9 +87,27 @@ class ScreenshotTest(WindowTest):
         self.check(f"app-store-folder-{appearance}")
         self.show("Empty", "label", "No items yet")
         self.check(f"empty-folder-{appearance}")
+        self.check_drops(appearance)
         self.show("Studio", "list item", "Zebra")
         self.check(f"folder-{appearance}")
         self.check_dialogs(appearance)
+        self.check_popups(appearance)
+        self.check_in_dock(appearance)
+        self.check_error(appearance)
+
+    def check_drops(self, appearance):
+        items = self.companion.find("label", "No items yet").centre()
+        row = self.companion.row("Travel").centre()
+        with FileManager([self.mac.app("Lantern")]) as source:
+            source.drag_to(items)
+            self.companion.find("label", "Release to Add")
+            self.check(f"drop-on-items-{appearance}")
+            self.companion.wait_for_caption("Travel", "Drop to add",
+                                            during=lambda: display.tremble(row))
+            self.check(f"drop-on-row-{appearance}")
+            display.park_pointer()
+            self.companion.wait_for_caption("Travel", "Not added yet")
+            display.do("mouseup", "1")  # where nobody wants them
 
     def check_dialogs(self, appearance):
         self.companion.press("push button", "Folder Actions")
@@ -102,6 +120,45 @@ class ScreenshotTest(WindowTest):
         self.companion.press("check box", "Beta")
         display.key("Down")  # to where no caret blinks
         self.check(f"app-picker-{appearance}")
+        self.companion.press("push button", "Cancel")
+        self.companion.wait_until_gone("push button", "Cancel")
+
+    def check_popups(self, appearance):
+        self.companion.press("radio button", "Custom Color…")
+        self.companion.find("slider", "Hue")
+        self.check(f"color-panel-{appearance}")
+        display.key("Escape")
+        self.companion.wait_until_gone("slider", "Hue")
+        self.companion.press("push button", "More")
+        self.companion.find("menu item", "Add All to Dock")
+        self.check(f"menu-{appearance}")
+        display.key("Escape")
+        self.companion.wait_until_gone("menu item", "Add All to Dock")
+
+    def check_in_dock(self, appearance):
+        self.show("Travel", "list item", "Pocket Atlas")
+        self.companion.press("push button", "Show in Dock")
+        self.companion.wait_for_caption("Travel", "Ready in Dock")
+        wait_for("its panel", lambda: display.active_title() == "Travel")
+        display.key("Escape")
+        wait_for("the window", lambda: display.active_title() == "Nestlet Companion")
+        self.companion.find("push button", "Update Dock")
+        self.check(f"in-dock-{appearance}")
+
+    def check_error(self, appearance):
+        tool = self.mac.root / "usr/bin/codesign"
+        tool.rename(tool.with_name("codesign.real"))
+        tool.write_text("""#!/bin/sh
+case "$*" in
+    *--sign*) echo "resource fork, Finder information, or similar detritus not allowed" >&2; exit 1;;
+esac
+exec "$0.real" "$@"
+""")
+        tool.chmod(0o755)
+        self.companion.press("push button", "Update Dock")
+        self.companion.wait_for_focus("push button", "OK")
+        self.companion.find("push button", "Update Dock")  # its work is over
+        self.check(f"error-alert-{appearance}")
 
     def show(self, folder, role, name):
         self.companion.press("list item", folder)
