@@ -14,7 +14,6 @@ T.Menu {
 
     implicitWidth: implicitBackgroundWidth
     implicitHeight: contentHeight + topPadding + bottomPadding
-    margins: 0
     overlap: 1
     padding: 5
     margins: Theme.rowInset // from the window's edges

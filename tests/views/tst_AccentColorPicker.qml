@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Controls
 import QtTest
 import Nestlet.Companion
 
@@ -162,12 +161,12 @@ ViewTest {
     function test_theTooltipSaysTheName() {
         const cell = shown({}).cellAt(3);
         mouseMove(cell, 14, 14);
-        tryVerify(() => cell.ToolTip.visible);
-        compare(cell.ToolTip.text, "Orange");
+        tryVerify(() => cell.HelpTag.isShown);
+        compare(cell.HelpTag.text, "Orange");
         mousePress(cell);
-        verify(!cell.ToolTip.visible);
+        verify(!cell.HelpTag.isShown);
         mouseRelease(cell);
         wait(Theme.toolTipDelay + 100);
-        verify(!cell.ToolTip.visible); // not again
+        verify(!cell.HelpTag.isShown); // not again
     }
 }

@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Controls
 import QtTest
 import Nestlet.Companion
 
@@ -132,10 +131,10 @@ ViewTest {
         verify(label.truncated);
         verify(place(label, cell).bottom <= 6 + 96);
         cell.isHovered = true;
-        tryVerify(() => cell.ToolTip.visible);
-        compare(cell.ToolTip.text, cell.name);
+        tryVerify(() => cell.HelpTag.isShown);
+        compare(cell.HelpTag.text, cell.name);
         cell.name = "Short";
-        verify(!cell.ToolTip.visible);
+        verify(!cell.HelpTag.isShown);
     }
     function test_theRingIsAroundTheTile() {
         const cell = shown({});

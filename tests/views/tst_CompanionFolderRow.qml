@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Controls
 import QtTest
 import Nestlet.Companion
 
@@ -148,10 +147,10 @@ ViewTest {
         verify(name.truncated);
         compare(name.lineCount, 1);
         mouseMove(row, 100, 20);
-        tryVerify(() => row.ToolTip.visible);
-        compare(row.ToolTip.text, row.name);
+        tryVerify(() => row.HelpTag.isShown);
+        compare(row.HelpTag.text, row.name);
         row.name = "Work";
-        verify(!row.ToolTip.visible);
+        verify(!row.HelpTag.isShown);
     }
     function test_aLongCaptionTakesTwoLines() {
         const row = shown({status: "Belongs to the App Store app and to nobody else"});

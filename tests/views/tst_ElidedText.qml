@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Controls
 import QtTest
 import Nestlet.Companion
 
@@ -28,19 +27,18 @@ ViewTest {
     function test_theTooltipSaysAllOfIt() {
         const text = show(view, {});
         mouseMove(text, 20, 8);
-        tryVerify(() => text.ToolTip.toolTip.visible);
-        compare(text.ToolTip.toolTip.text, text.text);
+        tryVerify(() => mac.helpTag(text) === text.text);
         leave();
-        tryVerify(() => !text.ToolTip.toolTip.visible);
+        tryVerify(() => mac.helpTag(text) === "");
     }
     function test_whatFitsHasNoTooltip() {
         const text = show(view, {text: "Short"});
         mouseMove(text, 4, 8);
         verify(!text.truncated);
         text.width = 10;
-        tryVerify(() => text.ToolTip.visible);
+        tryVerify(() => text.HelpTag.isShown);
         text.width = 120;
-        verify(!text.ToolTip.visible);
+        verify(!text.HelpTag.isShown);
     }
     function test_isNoMarkup() {
         const text = show(view, {text: "<b>&amp;</b>", width: 200});

@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Controls
 import QtTest
 import Nestlet.Companion
 
@@ -89,10 +88,10 @@ ViewTest {
         compare(label.elide, Text.ElideMiddle);
         verify(label.truncated);
         mouseMove(cell, 48, 50);
-        tryVerify(() => cell.ToolTip.visible);
-        compare(cell.ToolTip.text, cell.name);
+        tryVerify(() => cell.HelpTag.isShown);
+        compare(cell.HelpTag.text, cell.name);
         cell.name = "Short";
-        verify(!cell.ToolTip.visible);
+        verify(!cell.HelpTag.isShown);
     }
     function test_isLitUnderThePointer() {
         const cell = shown({});

@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Controls
 import QtTest
 import Nestlet.Companion
 
@@ -68,9 +67,9 @@ ViewTest {
         verify(text.truncated);
         verify(place(text, strip).right <= 240 - 16);
         mouseMove(text, 20, 4);
-        tryVerify(() => text.parent.ToolTip.visible);
-        compare(text.parent.ToolTip.text, test.text);
+        tryVerify(() => text.parent.HelpTag.isShown);
+        compare(text.parent.HelpTag.text, test.text);
         strip.width = 640;
-        verify(!text.parent.ToolTip.visible);
+        verify(!text.parent.HelpTag.isShown);
     }
 }

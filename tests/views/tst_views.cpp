@@ -79,6 +79,15 @@ public:
                 {QStringLiteral("states"), statesOf(*interface)},
                 {QStringLiteral("actions"), actions ? actions->actionNames() : QStringList()}};
     }
+    /// The text that an item's help tag shows just now; empty: none.
+    Q_INVOKABLE [[nodiscard]] static QString helpTag(QQuickItem *item)
+    {
+        const auto *const popup = qmlEngine(item)->findChild<QObject *>(
+            QStringLiteral("helpTagPopup"), Qt::FindDirectChildrenOnly);
+        const bool isShown = popup && popup->property("visible").toBool()
+            && popup->property("parent").value<QQuickItem *>() == item;
+        return isShown ? popup->property("text").toString() : QString();
+    }
     /// Lets an assistive program act on an item.
     Q_INVOKABLE static void act(QQuickItem *item, const QString &action)
     {
