@@ -8,6 +8,8 @@ Item {
     required property FolderDetailModel folder
     /// Who is told of what is dropped here.
     required property DropReceiver receiver
+    /// What is dragged over the window.
+    required property WindowDrag drag
     required property ApplicationScan applicationScan
     property SystemPanels panels: null
     property bool showAppPicker: false
@@ -85,8 +87,10 @@ Item {
         contentHeight: sections.height + Theme.contentInset + Theme.contentBottomInset
 
         EdgeScroller {
-            id: edges
+            readonly property point place: scroll.mapFromItem(null, root.drag.place)
+
             flickable: scroll
+            position: items.isAwaitingDrop && root.drag.isOver && scroll.contains(place) ? place.y : NaN
         }
 
         Column {
@@ -142,8 +146,6 @@ Item {
                 viewportTop: scroll.contentY - items.contentTop
                 viewportHeight: scroll.height
                 onAddAppsRequested: root.showAppPicker = true
-                onDragMoved: place => edges.position = scroll.mapFromItem(null, place).y
-                onDragEnded: edges.position = NaN
                 onRevealRequested: (top, bottom) => scroll.reveal(items.contentTop + top, items.contentTop + bottom)
             }
         }

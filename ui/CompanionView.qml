@@ -61,6 +61,11 @@ ApplicationWindow {
         }
     }
 
+    WindowDrag {
+        id: windowDrag
+        window: root
+    }
+
     WindowCommands {
         isBlocked: root.hasDialog
         onNewFolderRequested: root.model.createFolder()
@@ -118,6 +123,7 @@ ApplicationWindow {
                 sourceComponent: CompanionFolderDetail {
                     folder: root.model.detail
                     receiver: root.model
+                    drag: windowDrag
                     applicationScan: root.model.applicationScan
                     panels: root.panels
                     onPickImageRequested: folderID => imagePanel.open(folderID)

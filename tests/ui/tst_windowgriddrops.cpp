@@ -21,6 +21,8 @@ private Q_SLOTS:
     void filesDroppedOnACellAreAddedOnce();
     void filesBetweenTheCellsAreAdded();
     void aCellThatGoesMeanwhileLeavesNoHighlight();
+    void anItemHeldStillGoesOnWhileTheGridScrolls();
+    void nothingIsHoveredDuringADrag();
     void anEmptyGridInvitesWhileFilesHover();
     void aDropFillsTheEmptyGrid();
     void aLockedFolderDragsNothing();
@@ -208,6 +210,60 @@ void WindowGridDropsTest::aCellThatGoesMeanwhileLeavesNoHighlight()
     QVERIFY(!cell("d"));
     drag.leave();
     QTRY_VERIFY(!isHighlighted());
+}
+
+// Near the lower edge of the window, so that it scrolls by itself.
+void WindowGridDropsTest::anItemHeldStillGoesOnWhileTheGridScrolls()
+{
+    DockFolder many = m_full;
+    for (int number = 0; number < 60; ++number)
+        many.items.append({.id = QUuid::createUuid(),
+                           .name = QString::number(number),
+                           .url = FileURL::file(QStringLiteral("/%1").arg(number))});
+    m_window->changeFromOutside({many, m_empty});
+    QQuickItem *const scroll = m_window->named("detailScroll");
+    scroll->setProperty("contentY", 300);
+    const QPoint start = centreOf("a");
+    const QPoint edge(start.x(), m_window->window->height() - 20);
+    IncomingDrag drag = dragItem(0);
+    QVERIFY(drag.enter(start));
+    QVERIFY(drag.move(edge));
+    const auto place
+        = [&] { return m_window->store->folder(m_full.id)->items.indexOf(many.items.first()); };
+    const auto first = place();
+    QVERIFY(first > 0);
+    QTRY_VERIFY_WITH_TIMEOUT(scroll->property("atYEnd").toBool(), 20'000);
+    const int columns = grid()->property("columns").toInt();
+    QTRY_VERIFY(place() > first + 2 * columns);
+    drag.leave();
+}
+
+// The pointer is where the drag is: what it was over before is hovered no more, nor what is
+// scrolled there.
+void WindowGridDropsTest::nothingIsHoveredDuringADrag()
+{
+    const auto hovered = [this] {
+        QStringList names;
+        for (const DockFolderItem &item : m_full.items) {
+            if (m_window->row(item.name)->property("isHovered").toBool())
+                names.append(item.name);
+        }
+        return names;
+    };
+    QTest::mouseMove(m_window->window, centreOf("b"));
+    QTRY_COMPARE(hovered(), QStringList{QStringLiteral("b")});
+    IncomingDrag drag(*m_window->window, "file:///x");
+    QVERIFY(drag.enter(centreOf("d")));
+    QTRY_COMPARE(hovered(), QStringList());
+    const QSignalSpy frames(m_window->window, &QQuickWindow::afterAnimating);
+    for (int step = 1; step <= 3; ++step) {
+        m_window->named("detailScroll")->setProperty("contentY", 10 * step);
+        QTRY_VERIFY(frames.count() >= step);
+        QCOMPARE(hovered(), QStringList());
+    }
+    drag.leave();
+    QTest::mouseMove(m_window->window, centreOf("c"));
+    QTRY_COMPARE(hovered(), QStringList{QStringLiteral("c")});
 }
 
 void WindowGridDropsTest::anEmptyGridInvitesWhileFilesHover()
