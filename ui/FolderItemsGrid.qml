@@ -162,6 +162,11 @@ Item {
             event.accepted = true;
         }
 
+        VisualOrder {
+            parent: grid
+            container: grid.contentItem
+        }
+
         // Cells that went out of view are not kept for others: they would stay in the accessible tree.
         delegate: FolderItemSlot {
             id: slot

@@ -22,7 +22,7 @@ WindowFixture::WindowFixture()
 bool WindowFixture::open(const QList<DockFolder> &folders)
 {
     startWith(folders);
-    // The fake notes calls for the main thread only.
+    // Not by the fake, whose notes are of what tests begin.
     model = std::make_unique<CompanionViewModel>(
         *store, pictures, [this] { return scanInstalledApplications(files.files, directories); });
     addImageProviders(engine, workspace, pictures);
