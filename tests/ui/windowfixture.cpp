@@ -17,6 +17,8 @@ void failOnWindowWarnings()
 WindowFixture::WindowFixture()
 {
     qputenv("QT_QUICK_BACKEND", "software");
+    addImageProviders(engine, workspace, pictures);
+    addWindowTypes(engine);
 }
 
 bool WindowFixture::open(const QList<DockFolder> &folders)
@@ -25,8 +27,6 @@ bool WindowFixture::open(const QList<DockFolder> &folders)
     // Not by the fake, whose notes are of what tests begin.
     model = std::make_unique<CompanionViewModel>(
         *store, pictures, [this] { return scanInstalledApplications(files.files, directories); });
-    addImageProviders(engine, workspace, pictures);
-    addWindowTypes(engine);
     engine.setInitialProperties({{QStringLiteral("model"), QVariant::fromValue(model.get())}});
     engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Nestlet/Companion/CompanionView.qml")));
     if (engine.rootObjects().isEmpty())
