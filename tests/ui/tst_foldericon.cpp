@@ -163,10 +163,7 @@ QQuickItem *FolderIconTest::icon() const
 
 QQuickItem *FolderIconTest::symbol(const QString &name) const
 {
-    return descendant(icon(), [&](const QQuickItem *item) {
-        return item->isVisible() && item->inherits("SymbolItem")
-            && item->property("name").toString() == name;
-    });
+    return shownSymbol(icon(), name);
 }
 
 QQuickItem *FolderIconTest::itemGrid() const

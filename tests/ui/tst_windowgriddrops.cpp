@@ -1,5 +1,6 @@
 #include "model/uuidtext.h"
 #include "tests/ui/drags.h"
+#include "tests/ui/itemtree.h"
 #include "tests/ui/windowfixture.h"
 
 #include <QSignalSpy>
@@ -47,7 +48,6 @@ private:
     [[nodiscard]] bool isHighlighted() const { return grid()->property("isDropTargeted").toBool(); }
     [[nodiscard]] QString draggedID() const { return grid()->property("draggedItemID").toString(); }
     [[nodiscard]] IncomingDrag dragItem(int index);
-    [[nodiscard]] QQuickItem *symbolNamed(QQuickItem *root, const QString &name) const;
 
     const DockFolder m_full
         = folderNamed(QStringLiteral("Full"),
@@ -71,17 +71,6 @@ IncomingDrag WindowGridDropsTest::dragItem(int index)
     const QString id = uuidText(m_full.items.at(index).id);
     grid()->setProperty("draggedItemID", id);
     return {*m_window->window, id.toLatin1(), QStringLiteral("text/plain")};
-}
-
-QQuickItem *WindowGridDropsTest::symbolNamed(QQuickItem *root, const QString &name) const
-{
-    if (root->inherits("SymbolItem") && root->property("name").toString() == name)
-        return root;
-    for (QQuickItem *child : root->childItems()) {
-        if (QQuickItem *found = symbolNamed(child, name))
-            return found;
-    }
-    return nullptr;
 }
 
 void WindowGridDropsTest::theFirstOverTheThirdEndsThereWhileBeingDragged()
@@ -273,16 +262,16 @@ void WindowGridDropsTest::anEmptyGridInvitesWhileFilesHover()
     const auto line
         = [state] { return QAccessible::queryAccessibleInterface(state)->text(QAccessible::Name); };
     QCOMPARE(line(), QStringLiteral("No items yet"));
-    QVERIFY(symbolNamed(state, QStringLiteral("tray")));
+    QVERIFY(shownSymbol(state, QStringLiteral("tray")));
     IncomingDrag drag(*m_window->window, "file:///x");
     QVERIFY(drag.enter(WindowFixture::centre(state)));
     QCOMPARE(line(), QStringLiteral("Release to Add"));
-    const QQuickItem *const arrow = symbolNamed(state, QStringLiteral("arrow.down.circle.fill"));
+    const QQuickItem *const arrow = shownSymbol(state, QStringLiteral("arrow.down.circle.fill"));
     QVERIFY(arrow);
     QCOMPARE(arrow->property("color").value<QColor>(), QColor(0x00, 0x7A, 0xFF));
     drag.leave();
     QCOMPARE(line(), QStringLiteral("No items yet"));
-    QVERIFY(symbolNamed(state, QStringLiteral("tray")));
+    QVERIFY(shownSymbol(state, QStringLiteral("tray")));
     QCOMPARE(QAccessible::queryAccessibleInterface(state)->text(QAccessible::Description),
              QStringLiteral("Click \"Add Apps\" or drag apps here."));
 }
