@@ -29,10 +29,12 @@ quint64 firstBytes(const uchar *key, size_t length)
 /// The library's collator, closed when done with.
 class CollationKeys::Collator {
 public:
-    explicit Collator(const QLocale &locale)
+    Collator(const QLocale &locale, Digits digits)
         : m_collator(ucol_open(collationLocale(locale).constData(), &m_status))
     {
         ucol_setStrength(m_collator, UCOL_SECONDARY); // accents count, case does not
+        if (digits == Digits::AsNumbers)
+            ucol_setAttribute(m_collator, UCOL_NUMERIC_COLLATION, UCOL_ON, &m_status);
         if (U_FAILURE(m_status))
             qFatal("No collation data: %s", u_errorName(m_status));
     }
@@ -52,8 +54,8 @@ private:
     UCollator *m_collator;
 };
 
-CollationKeys::CollationKeys(const QLocale &locale)
-    : m_collator(std::make_unique<Collator>(locale))
+CollationKeys::CollationKeys(const QLocale &locale, Digits digits)
+    : m_collator(std::make_unique<Collator>(locale, digits))
 {
 }
 

@@ -18,8 +18,11 @@ public:
         size_t length{};
     };
 
+    /// What a run of digits in a name counts as.
+    enum class Digits { AsText, AsNumbers };
+
     /// The order of the locale's language; that of no language in particular for the C locale.
-    explicit CollationKeys(const QLocale &locale);
+    explicit CollationKeys(const QLocale &locale, Digits digits = Digits::AsText);
     ~CollationKeys();
     Q_DISABLE_COPY_MOVE(CollationKeys)
 

@@ -74,8 +74,10 @@ DetailPane {
         contentHeight: sections.height + Theme.contentInset + Theme.contentBottomInset
 
         EdgeScroller {
-            id: edges
+            readonly property point place: scroll.mapFromItem(null, root.drag.place)
+
             flickable: scroll
+            position: items.isAwaitingDrop && root.drag.isOver && scroll.contains(place) ? place.y : NaN
         }
 
         Column {
@@ -131,8 +133,6 @@ DetailPane {
                 viewportTop: scroll.contentY - items.contentTop
                 viewportHeight: scroll.height
                 onAddAppsRequested: root.showAppPicker = true
-                onDragMoved: place => edges.position = scroll.mapFromItem(null, place).y
-                onDragEnded: edges.position = NaN
                 onRevealRequested: (top, bottom) => scroll.reveal(items.contentTop + top, items.contentTop + bottom)
             }
         }

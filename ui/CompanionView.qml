@@ -25,6 +25,11 @@ T.ApplicationWindow {
     LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft // qmllint disable unqualified
     LayoutMirroring.childrenInherit: true
 
+    WindowDrag {
+        id: windowDrag
+        window: root
+    }
+
     WindowCommands {
         isBlocked: root.hasDialog
         onNewFolderRequested: root.model.createFolder()
@@ -76,6 +81,7 @@ T.ApplicationWindow {
             anchors.bottom: parent.bottom
             model: root.model
             panels: root.panels
+            drag: windowDrag
             onPickImageRequested: folderID => imagePanel.open(folderID)
         }
 

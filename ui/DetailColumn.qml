@@ -7,6 +7,7 @@ Item {
 
     required property CompanionViewModel model
     property SystemPanels panels: null
+    property WindowDrag drag: null
     readonly property DetailPane pane: loader.item as DetailPane
     readonly property bool hasDialog: root.pane !== null && root.pane.hasDialog
     signal pickImageRequested(folderID: string)
@@ -18,7 +19,8 @@ Item {
               : root.model.detailKind === CompanionViewModel.AppStoreFolder ? "MASFolderDetailView.qml" : ""
         properties: ({
                 "model": root.model,
-                "panels": root.panels
+                "panels": root.panels,
+                "drag": root.drag
             })
     }
 

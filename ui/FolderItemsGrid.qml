@@ -26,12 +26,11 @@ Item {
     property bool isRearranging: false
     readonly property bool isDropTargeted: dropTarget.isTargeted || (root.targetedCell?.isTargeted ?? false)
                                            || root.isSurroundingTargeted
+    /// Whether something hovers over the window that may end up here.
+    readonly property bool isAwaitingDrop: root.isDropTargeted || root.draggedItemID !== ""
     readonly property bool isEmpty: grid.count === 0
     signal removeRequested(itemID: string)
     signal moveRequested(itemID: string, index: int)
-    /// Something dragged is at a place of the window; and no more.
-    signal dragMoved(place: point)
-    signal dragEnded
     /// The last item went while the focus was here.
     signal emptied
     /// A stretch of the grid that the keyboard has reached.
@@ -113,8 +112,6 @@ Item {
         enabled: !root.isLocked
         folderID: root.folderID
         receiver: root.receiver
-        onDragMoved: place => root.dragMoved(place)
-        onDragEnded: root.dragEnded()
     }
 
     EmptyItems {
@@ -165,6 +162,11 @@ Item {
             event.accepted = true;
         }
 
+        VisualOrder {
+            parent: grid
+            container: grid.contentItem
+        }
+
         // Cells that went out of view are not kept for others: they would stay in the accessible tree.
         delegate: FolderItemSlot {
             id: slot
@@ -203,8 +205,6 @@ Item {
                 }
                 onMoveRequested: (itemID, index) => root.moveRequested(itemID, index)
                 onItemDropped: root.draggedItemID = ""
-                onDragMoved: place => root.dragMoved(place)
-                onDragEnded: root.dragEnded()
             }
         }
     }
@@ -222,9 +222,6 @@ Item {
             });
         }
 
-        onEnded: {
-            root.draggedItemID = "";
-            root.dragEnded(); // the cell that it was over last may be gone, and says nothing
-        }
+        onEnded: root.draggedItemID = ""
     }
 }

@@ -12,10 +12,8 @@ Column {
     required property real viewportHeight
     /// Whether files hover over something around the items from which they would end up among them.
     property bool isSurroundingTargeted: false
+    readonly property alias isAwaitingDrop: grid.isAwaitingDrop
     signal addAppsRequested
-    /// Something dragged is at a place of the window; and no more.
-    signal dragMoved(place: point)
-    signal dragEnded
     /// A stretch of the section that the keyboard has reached.
     signal revealRequested(top: real, bottom: real)
 
@@ -59,8 +57,6 @@ Column {
         viewportHeight: root.viewportHeight
         onRemoveRequested: itemID => root.folder.removeItem(itemID)
         onMoveRequested: (itemID, index) => root.folder.moveItem(itemID, index)
-        onDragMoved: place => root.dragMoved(place)
-        onDragEnded: root.dragEnded()
         onEmptied: {
             if (addAppsButton.visible)
                 addAppsButton.forceActiveFocus(Qt.OtherFocusReason);

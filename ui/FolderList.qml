@@ -109,6 +109,11 @@ ListView {
         target: root
     }
 
+    VisualOrder {
+        parent: root
+        container: root.contentItem
+    }
+
     displaced: Transition {
         NumberAnimation {
             properties: "y"

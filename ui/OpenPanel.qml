@@ -10,6 +10,12 @@ Window {
     required property string folderID
     readonly property ImageBrowserModel browser: ImageBrowserModel {
         panels: root.panels
+        onOpened: {
+            problem.text = "";
+            list.selectFirst();
+        }
+        onPictureFound: url => root.choose(url)
+        onRefused: why => problem.text = why
     }
     signal chosen(url: string, folderID: string)
 
@@ -17,26 +23,6 @@ Window {
         root.browser.rememberDirectory();
         root.chosen(url, root.folderID);
         root.close();
-    }
-    // Opens what is named: goes into a directory, chooses a picture.
-    function openURL(url: string) {
-        if (root.browser.isDirectory(url))
-            root.openDirectory(url);
-        else if (root.browser.isPicture(url))
-            root.choose(url);
-        else if (url !== "")
-            problem.text = qsTr("This is no picture that can be an icon.");
-    }
-    function openDirectory(url: string) {
-        problem.text = root.browser.openDirectory(url) ? "" : qsTr("This folder can’t be opened.");
-        list.selectFirst();
-    }
-    function openPath(path: string) {
-        const url = root.browser.urlOfPath(path);
-        if (url !== "")
-            root.openURL(url);
-        else
-            problem.text = qsTr("There is nothing at this path.");
     }
 
     title: qsTr("Choose Icon Image")
@@ -70,7 +56,7 @@ Window {
         anchors.bottom: parent.bottom
         width: 160
         browser: root.browser
-        onOpened: url => root.openDirectory(url)
+        onOpened: url => root.browser.open(url)
     }
 
     Item {
@@ -100,7 +86,7 @@ Window {
             anchors.rightMargin: Theme.cardInset
             anchors.verticalCenter: parent.verticalCenter
             path: root.browser.directoryPath
-            onEntered: path => root.openPath(path)
+            onEntered: path => root.browser.openPath(path)
         }
     }
 
@@ -118,7 +104,7 @@ Window {
         anchors.topMargin: 1
         anchors.bottom: footer.top
         browser: root.browser
-        onOpened: url => root.openURL(url)
+        onOpened: url => root.browser.open(url)
     }
 
     OpenPanelPreview {
@@ -149,7 +135,7 @@ Window {
             id: problem
             anchors.left: parent.left
             anchors.leftMargin: Theme.cardInset
-            anchors.right: buttons.left
+            anchors.right: spinner.left
             anchors.rightMargin: Theme.rowInset
             anchors.verticalCenter: parent.verticalCenter
             color: Theme.redInk
@@ -157,6 +143,20 @@ Window {
             Accessible.role: Accessible.AlertMessage
             Accessible.name: problem.text
             Accessible.ignored: problem.text === ""
+        }
+
+        ProgressSpinner {
+            id: spinner
+            anchors.right: buttons.left
+            anchors.rightMargin: Theme.rowInset
+            anchors.verticalCenter: parent.verticalCenter
+            visible: root.browser.isLoading && !patience.running
+        }
+
+        Timer {
+            id: patience // most folders are read before anyone waits
+            interval: 300
+            running: root.browser.isLoading
         }
 
         Row {
@@ -176,7 +176,7 @@ Window {
                 width: Math.max(76, implicitWidth)
                 isDefault: true
                 enabled: list.selectedURL !== ""
-                onClicked: root.openURL(list.selectedURL)
+                onClicked: root.browser.open(list.selectedURL)
             }
         }
     }

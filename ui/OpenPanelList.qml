@@ -9,21 +9,20 @@ Item {
     id: root
 
     required property ImageBrowserModel browser
-    readonly property string directoryURL: root.browser.directoryURL
     property string selectedURL
     readonly property string selectedName: list.currentItem ? (list.currentItem as OpenPanelRow).text : ""
-    readonly property bool isPictureSelected: root.selectedURL !== "" && !root.browser.isDirectory(root.selectedURL)
+    property bool isPictureSelected: false
     signal opened(url: string)
 
     function select(row: int) {
         list.currentIndex = row;
         root.selectedURL = root.browser.urlAt(row);
+        root.isPictureSelected = root.browser.isPictureAt(row);
     }
     function selectFirst() {
         root.select(list.count > 0 ? 0 : -1);
     }
 
-    onDirectoryURLChanged: root.selectFirst()
     onActiveFocusChanged: {
         if (root.activeFocus)
             list.forceActiveFocus(Qt.OtherFocusReason);
@@ -43,7 +42,7 @@ Item {
         text: qsTr("No pictures here")
         font: Theme.callout
         color: Theme.secondary
-        visible: list.count === 0
+        visible: list.count === 0 && !root.browser.isLoading
         Accessible.role: Accessible.StaticText
         Accessible.name: text
         Accessible.ignored: !visible
@@ -61,7 +60,6 @@ Item {
         T.ScrollBar.vertical: CompanionScrollBar {}
         Accessible.role: Accessible.List
         Accessible.name: qsTr("Files")
-        Component.onCompleted: root.selectFirst()
         Keys.onUpPressed: root.select(Math.max(list.currentIndex - 1, 0))
         Keys.onDownPressed: root.select(Math.min(list.currentIndex + 1, list.count - 1))
         Keys.onReturnPressed: root.opened(root.selectedURL)

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "system/installedapplications.h"
+#include "ui/worker.h"
 
 #include <QFuture>
 #include <QObject>
 #include <QStringList>
-#include <QThreadPool>
 #include <QtQml/qqmlregistration.h>
 
 #include <functional>
@@ -28,12 +28,10 @@ public:
     using Scan = std::function<QList<FileURL>()>; ///< called on another thread; empty: finds none
 
     explicit ApplicationScan(Scan scan, QObject *parent = nullptr);
-    /// Waits for a scan that still runs.
-    ~ApplicationScan() override;
 
     [[nodiscard]] QFuture<ApplicationList> start();
 
 private:
     Scan m_scan;
-    QThreadPool m_threads;
+    Worker m_worker; ///< last: waits for a scan that still runs
 };

@@ -63,7 +63,6 @@ void DropTarget::dragEnterEvent(QDragEnterEvent *event)
     }
     m_carriesFiles = info.hasItems(DropContent::FileURL);
     dropEntered(info);
-    Q_EMIT dragMoved(mapToScene(event->position()));
     acceptDrop(event);
 }
 
@@ -71,20 +70,17 @@ void DropTarget::dragEnterEvent(QDragEnterEvent *event)
 void DropTarget::dragMoveEvent(QDragMoveEvent *event)
 {
     setTargeted(m_carriesFiles);
-    Q_EMIT dragMoved(mapToScene(event->position()));
     acceptDrop(event);
 }
 
 void DropTarget::dragLeaveEvent(QDragLeaveEvent *event)
 {
     setTargeted(false);
-    Q_EMIT dragEnded();
     event->accept();
 }
 
 void DropTarget::dropEvent(QDropEvent *event)
 {
     performDrop(MimeDropInfo(event->mimeData()));
-    Q_EMIT dragEnded();
     acceptDrop(event);
 }

@@ -31,10 +31,6 @@ Q_SIGNALS:
     void folderIDChanged();
     void receiverChanged();
     void isTargetedChanged();
-    /// An accepted drag is at a place of the window.
-    void dragMoved(const QPointF &place);
-    /// It has left the area or was dropped.
-    void dragEnded();
 
 protected:
     [[nodiscard]] virtual bool validateDrop(const DropInfo &info) = 0;

@@ -1,58 +1,28 @@
 #include "ui/imagebrowsermodel.h"
 
-#include "platform/directories.h"
-#include "platform/error.h"
-#include "platform/filesystem.h"
+using Outcome = PictureListing::Outcome;
 
-#include <QCollator>
-#include <QLocale>
-
-#include <algorithm>
-#include <array>
-
-namespace {
-
-constexpr std::array pictureExtensions{"png", "jpg", "jpeg", "jpe",  "tif", "tiff",
-                                       "bmp", "dib", "icns", "heic", "heif"};
-
-bool isPackage(const FileURL &directory)
+ImageBrowserModel::ImageBrowserModel(QObject *parent)
+    : RowListModel(parent)
 {
-    return directory.pathExtension().compare(u"app", Qt::CaseInsensitive) == 0;
-}
-
-FileURL asDirectory(const FileURL &url)
-{
-    return url.hasDirectoryPath() ? url : FileURL::directory(url.path());
-}
-
-// As a Mac sorts names: by the user's language, numbers by their value.
-void sortByName(QList<ImageBrowserRow> &rows)
-{
-    // The locale of no language knows no numbers.
-    const QLocale locale;
-    QCollator collator(locale.language() == QLocale::C ? QLocale(QLocale::English) : locale);
-    collator.setNumericMode(true);
-    collator.setCaseSensitivity(Qt::CaseInsensitive);
-    std::ranges::sort(rows, [&](const ImageBrowserRow &first, const ImageBrowserRow &second) {
-        const int order = collator.compare(first.name, second.name);
-        return order != 0 ? order < 0 : first.name < second.name;
+    connect(&m_listing, &QFutureWatcherBase::finished, this, [this] {
+        setIsLoading(false);
+        show(m_listing.result());
     });
 }
-
-} // namespace
 
 QVariant ImageBrowserModel::data(const QModelIndex &index, int role) const
 {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
-    const ImageBrowserRow &row = rows().at(index.row());
+    const PictureEntry &entry = rows().at(index.row());
     switch (role) {
     case URLRole:
-        return row.id;
+        return entry.id.text();
     case NameRole:
-        return row.name;
+        return entry.name;
     case IsDirectoryRole:
-        return row.isDirectory;
+        return entry.isDirectory;
     default:
         return {};
     }
@@ -68,57 +38,54 @@ void ImageBrowserModel::setPanels(SystemPanels *panels)
     if (m_panels == panels)
         return;
     m_panels = panels;
-    if (m_panels) {
-        m_places = existingPlaces();
-        openDirectory(firstDirectory().text());
-    }
+    if (m_panels)
+        await(m_panels->browseFirst());
     Q_EMIT panelsChanged();
-}
-
-QList<ImageBrowserModel::Place> ImageBrowserModel::existingPlaces() const
-{
-    const FileURL home = m_panels->directories().home();
-    const auto inHome
-        = [&](const char *name) { return home.appendingDirectory(QString::fromLatin1(name)); };
-    QList<Place> places{{home, home.lastPathComponent(), QStringLiteral("house")},
-                        {inHome("Desktop"), tr("Desktop"), QStringLiteral("desktopcomputer")},
-                        {inHome("Documents"), tr("Documents"), QStringLiteral("doc")},
-                        {inHome("Downloads"), tr("Downloads"), QStringLiteral("arrow.down.circle")},
-                        {inHome("Pictures"), tr("Pictures"), QStringLiteral("photo")}};
-    places.removeIf(
-        [this](const Place &place) { return !m_panels->files().isDirectory(place.url); });
-    return places;
-}
-
-FileURL ImageBrowserModel::firstDirectory() const
-{
-    const FileURL home = m_panels->directories().home();
-    for (const FileURL &directory : {m_panels->lastDirectory().value_or(FileURL()),
-                                     home.appendingDirectory(QStringLiteral("Pictures")), home}) {
-        if (directory.isFileURL() && m_panels->files().isDirectory(directory))
-            return directory;
-    }
-    return FileURL::directory(QStringLiteral("/"));
-}
-
-QString ImageBrowserModel::directoryName() const
-{
-    return m_directory.lastPathComponent();
 }
 
 bool ImageBrowserModel::hasParent() const
 {
-    return m_directory.path() != u"/";
+    return m_directory.isFileURL() && m_directory.path() != u"/";
 }
 
 QString ImageBrowserModel::placeName(int place) const
 {
-    return m_places.value(place).name;
+    using Kind = PicturePlace::Kind;
+    if (place < 0 || place >= placeCount())
+        return {};
+    switch (m_places.at(place).kind) {
+    case Kind::Home:
+        return m_places.at(place).url.lastPathComponent();
+    case Kind::Desktop:
+        return tr("Desktop");
+    case Kind::Documents:
+        return tr("Documents");
+    case Kind::Downloads:
+        return tr("Downloads");
+    case Kind::Pictures:
+        return tr("Pictures");
+    }
+    return {};
 }
 
 QString ImageBrowserModel::placeSymbol(int place) const
 {
-    return m_places.value(place).symbol;
+    using Kind = PicturePlace::Kind;
+    if (place < 0 || place >= placeCount())
+        return {};
+    switch (m_places.at(place).kind) {
+    case Kind::Home:
+        return QStringLiteral("house");
+    case Kind::Desktop:
+        return QStringLiteral("desktopcomputer");
+    case Kind::Documents:
+        return QStringLiteral("doc");
+    case Kind::Downloads:
+        return QStringLiteral("arrow.down.circle");
+    case Kind::Pictures:
+        return QStringLiteral("photo");
+    }
+    return {};
 }
 
 QString ImageBrowserModel::placeURL(int place) const
@@ -126,82 +93,84 @@ QString ImageBrowserModel::placeURL(int place) const
     return m_places.value(place).url.text();
 }
 
-std::optional<QList<ImageBrowserRow>> ImageBrowserModel::entriesOf(const FileURL &directory) const
-{
-    const FileSystem &files = m_panels->files();
-    QList<ImageBrowserRow> entries;
-    try {
-        for (const DirectoryEntry &entry : files.visibleEntries(directory)) {
-            const FileURL url = directory.appendingFile(entry.name);
-            const bool isFolder
-                = entry.isDirectory || (!isPicture(entry.name) && files.isDirectory(url));
-            if (isFolder && !isPackage(url))
-                entries.append({directory.appendingDirectory(entry.name).text(), entry.name, true});
-            else if (!isFolder && isPicture(entry.name))
-                entries.append({url.text(), entry.name, false});
-        }
-    } catch (const Error &) {
-        return std::nullopt;
-    }
-    sortByName(entries);
-    return entries;
-}
-
-bool ImageBrowserModel::openDirectory(const QString &urlText)
+void ImageBrowserModel::open(const QString &urlText)
 {
     const std::optional<FileURL> url = FileURL::fromText(urlText);
-    if (!url || !url->isFileURL() || !m_panels)
-        return false;
-    const FileURL directory = asDirectory(*url);
-    const std::optional<QList<ImageBrowserRow>> entries = entriesOf(directory);
-    if (!entries)
-        return false;
-    const bool isAnother = directory != m_directory;
-    m_directory = directory;
-    updateRows(*entries);
-    if (isAnother)
-        Q_EMIT directoryChanged();
-    return true;
+    if (m_panels && url && url->isFileURL())
+        await(m_panels->browse(*url));
+}
+
+void ImageBrowserModel::openPath(const QString &path)
+{
+    if (!m_panels)
+        return;
+    if (const std::optional<FileURL> url = urlOfTypedPath(path, m_panels->home(), m_directory))
+        await(m_panels->browse(*url));
+    else
+        Q_EMIT refused(tr("There is nothing at this path."));
 }
 
 void ImageBrowserModel::openParent()
 {
     if (hasParent())
-        openDirectory(asDirectory(m_directory.deletingLastPathComponent()).text());
+        open(m_directory.deletingLastPathComponent().text());
 }
 
-void ImageBrowserModel::refresh()
+// The answer to an earlier question, if it has not come yet, is never heard.
+void ImageBrowserModel::await(const QFuture<PictureListing> &listing)
 {
-    openDirectory(m_directory.text());
+    m_listing.setFuture(listing);
+    setIsLoading(true);
 }
 
-QString ImageBrowserModel::urlOfPath(const QString &path) const
+void ImageBrowserModel::setIsLoading(bool isLoading)
 {
-    QString wanted = path.trimmed();
-    if (wanted.isEmpty() || !m_panels)
-        return {};
-    if (wanted == u"~" || wanted.startsWith(u"~/"))
-        wanted = m_panels->directories().home().path() + wanted.sliced(1);
-    else if (!wanted.startsWith(u'/'))
-        wanted = m_directory.path() + u'/' + wanted;
-    const FileURL url = FileURL::file(standardizedPath(wanted));
-    if (!m_panels->files().exists(url))
-        return {};
-    return m_panels->files().isDirectory(url) ? asDirectory(url).text() : url.text();
+    if (m_isLoading == isLoading)
+        return;
+    m_isLoading = isLoading;
+    Q_EMIT isLoadingChanged();
 }
 
-bool ImageBrowserModel::isDirectory(const QString &urlText) const
+void ImageBrowserModel::show(const PictureListing &listing)
 {
-    const std::optional<FileURL> url = FileURL::fromText(urlText);
-    return url && m_panels && m_panels->files().isDirectory(*url);
+    showPlaces(listing.places);
+    switch (listing.outcome) {
+    case Outcome::Directory:
+        showDirectory(listing);
+        return;
+    case Outcome::Picture:
+        Q_EMIT pictureFound(listing.url.text());
+        return;
+    case Outcome::OtherFile:
+        Q_EMIT refused(tr("This is no picture that can be an icon."));
+        return;
+    case Outcome::Unreadable:
+        Q_EMIT refused(tr("This folder can’t be opened."));
+        return;
+    case Outcome::Nothing:
+        Q_EMIT refused(tr("There is nothing at this path."));
+        return;
+    }
 }
 
-bool ImageBrowserModel::isPicture(const QString &name)
+void ImageBrowserModel::showDirectory(const PictureListing &listing)
 {
-    const QString extension = FileURL::file(u'/' + name).pathExtension();
-    return std::ranges::any_of(pictureExtensions, [&](const char *known) {
-        return extension.compare(QLatin1StringView(known), Qt::CaseInsensitive) == 0;
-    });
+    const bool isAnother = listing.url != m_directory;
+    m_directory = listing.url;
+    if (isAnother)
+        updateRows({}); // none stays: no need to compare
+    updateRows(listing.entries);
+    if (isAnother)
+        Q_EMIT directoryChanged();
+    Q_EMIT opened();
+}
+
+void ImageBrowserModel::showPlaces(const QList<PicturePlace> &places)
+{
+    if (m_places == places)
+        return;
+    m_places = places;
+    Q_EMIT placesChanged();
 }
 
 void ImageBrowserModel::rememberDirectory()
@@ -212,7 +181,12 @@ void ImageBrowserModel::rememberDirectory()
 
 QString ImageBrowserModel::urlAt(int row) const
 {
-    return rows().value(row).id;
+    return rows().value(row).id.text();
+}
+
+bool ImageBrowserModel::isPictureAt(int row) const
+{
+    return row >= 0 && row < rowCount() && !rows().at(row).isDirectory;
 }
 
 int ImageBrowserModel::rowStartingWith(const QString &text, int row) const
@@ -224,10 +198,4 @@ int ImageBrowserModel::rowStartingWith(const QString &text, int row) const
             return candidate;
     }
     return -1;
-}
-
-int ImageBrowserModel::rowOf(const QString &urlText) const
-{
-    const auto found = std::ranges::find(rows(), urlText, &ImageBrowserRow::id);
-    return found == rows().end() ? -1 : static_cast<int>(found - rows().begin());
 }

@@ -26,7 +26,8 @@ protected:
     {
         if (const auto differing = std::ranges::mismatch(m_rows, wanted, {}, &Row::id, &Row::id);
             differing.in1 != m_rows.end() || differing.in2 != wanted.end()) {
-            removeMissing(wanted);
+            if (!m_rows.isEmpty())
+                removeMissing(wanted);
             placeRows(wanted);
         }
         changeRows(wanted);

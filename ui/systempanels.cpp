@@ -1,5 +1,6 @@
 #include "ui/systempanels.h"
 
+#include "platform/directories.h"
 #include "platform/openpanel.h"
 #include "platform/platform.h"
 
@@ -14,15 +15,29 @@ SystemPanels::SystemPanels(const Platform &platform, QObject *parent)
 {
 }
 
+QFuture<PictureListing> SystemPanels::browse(const FileURL &url)
+{
+    return m_worker.ask([this, url] { return browsePictures(m_files, m_directories, url); });
+}
+
+QFuture<PictureListing> SystemPanels::browseFirst()
+{
+    return m_worker.ask([this, last = m_lastDirectory] {
+        return browseFirstPictures(m_files, m_directories, last);
+    });
+}
+
+FileURL SystemPanels::home() const
+{
+    return m_directories.home();
+}
+
 void SystemPanels::chooseIconImage(const QString &folderID)
 {
     if (!m_openPanel)
         return;
-    const OpenPanel::Request request{
-        .title = tr("Choose Icon Image"),
-        .contentTypes = {QStringLiteral("public.png"), QStringLiteral("public.jpeg"),
-                         QStringLiteral("public.tiff"), QStringLiteral("com.microsoft.bmp"),
-                         QStringLiteral("com.apple.icns"), QStringLiteral("public.heic")}};
+    const OpenPanel::Request request{.title = tr("Choose Icon Image"),
+                                     .contentTypes = pictureContentTypes()};
     const QPointer guard(this); // the panel may outlive the window
     m_openPanel->choose(request, [guard, folderID](const std::optional<FileURL> &chosen) {
         if (guard && chosen)

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "platform/fileurl.h"
+#include "system/picturebrowsing.h"
+#include "ui/worker.h"
 
 #include <QObject>
 #include <QtQml/qqmlregistration.h>
@@ -12,7 +13,8 @@ class OpenPanel;
 struct Platform;
 
 /// The panels that the system has for choosing a colour and a picture. Where it has none, the
-/// window brings its own, and these are the files that they show.
+/// window brings its own, and asks here for the files that they show. Lives as long as the
+/// platform.
 class SystemPanels final : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -25,10 +27,14 @@ public:
     /// Null: the system has none.
     [[nodiscard]] ColorPanel *colorPanel() const { return m_colorPanel; }
     [[nodiscard]] bool hasOpenPanel() const { return m_openPanel != nullptr; }
-    [[nodiscard]] const FileSystem &files() const { return m_files; }
-    [[nodiscard]] const Directories &directories() const { return m_directories; }
-    /// The directory in which a picture was last chosen; nothing at first.
-    [[nodiscard]] const std::optional<FileURL> &lastDirectory() const { return m_lastDirectory; }
+
+    // For the window's own open panel. The looks are taken off the main thread.
+
+    [[nodiscard]] QFuture<PictureListing> browse(const FileURL &url);
+    /// Begins where a picture was last chosen.
+    [[nodiscard]] QFuture<PictureListing> browseFirst();
+    [[nodiscard]] FileURL home() const;
+    /// The directory in which a picture was last chosen.
     void setLastDirectory(const FileURL &directory) { m_lastDirectory = directory; }
 
     /// Lets the user choose a picture in the system's panel. `folderID` comes back with the answer.
@@ -43,4 +49,5 @@ private:
     const FileSystem &m_files;
     const Directories &m_directories;
     std::optional<FileURL> m_lastDirectory;
+    Worker m_worker; ///< last: waits for a look that is still being taken
 };

@@ -1,8 +1,9 @@
 #include "bench/monotonic.h"
 #include "bench/ratios.h"
 #include "bench/require.h"
-#include "bench/ui/windowitems.h"
+#include "bench/ui/settle.h"
 #include "tests/fakes/fakeworkspace.h"
+#include "tests/ui/itemtree.h"
 #include "ui/applicationscan.h"
 #include "ui/imageproviders.h"
 #include "ui/picturestore.h"
@@ -84,8 +85,8 @@ public:
         m_window->requestActivate();
         QObject::connect(m_window, &QQuickWindow::frameSwapped, [this] { ++m_frames; });
         settle(openingTime);
-        m_field = findItem(m_window->contentItem(), QLatin1StringView("appSearchField"));
-        m_grid = findItem(m_window->contentItem(), QLatin1StringView("appGrid"));
+        m_field = childNamed(m_window->contentItem(), "appSearchField");
+        m_grid = childNamed(m_window->contentItem(), "appGrid");
         require(m_field && m_field->hasActiveFocus(), "the search has no focus");
         require(m_grid && count() == applicationCount, "the applications are not shown");
     }

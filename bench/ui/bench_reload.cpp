@@ -5,10 +5,11 @@
 #include "bench/require.h"
 #include "bench/ui/companionwindow.h"
 #include "bench/ui/librarymac.h"
-#include "bench/ui/windowitems.h"
+#include "bench/ui/settle.h"
 #include "model/libraryfile.h"
 #include "platform/directories.h"
 #include "platform/filesystem.h"
+#include "tests/ui/itemtree.h"
 
 #include <QGuiApplication>
 #include <QQuickItem>
@@ -22,13 +23,8 @@ double now()
 
 QQuickItem *rowNamed(QQuickItem *root, const QString &name)
 {
-    if (root->property("name").toString() == name)
-        return root;
-    for (QQuickItem *child : root->childItems()) {
-        if (QQuickItem *found = rowNamed(child, name))
-            return found;
-    }
-    return nullptr;
+    return descendant(
+        root, [&](const QQuickItem *item) { return item->property("name").toString() == name; });
 }
 
 template <typename Condition> void waitFor(const Condition &condition)

@@ -5,7 +5,7 @@
 #include "bench/require.h"
 #include "bench/ui/companionwindow.h"
 #include "bench/ui/librarymac.h"
-#include "bench/ui/windowitems.h"
+#include "bench/ui/settle.h"
 
 #include <QGuiApplication>
 #include <QQuickItem>

@@ -1,8 +1,9 @@
 #include "bench/ui/companionwindow.h"
 
 #include "bench/require.h"
-#include "bench/ui/windowitems.h"
+#include "bench/ui/settle.h"
 #include "platform/appearance.h"
+#include "tests/ui/itemtree.h"
 #include "ui/imageproviders.h"
 #include "ui/systemappearance.h"
 
@@ -26,7 +27,7 @@ CompanionWindow::CompanionWindow()
 
 QQuickItem *CompanionWindow::item(const char *objectName) const
 {
-    QQuickItem *found = findItem(m_window->contentItem(), QLatin1StringView(objectName));
+    QQuickItem *found = childNamed(m_window->contentItem(), objectName);
     require(found, objectName);
     return found;
 }

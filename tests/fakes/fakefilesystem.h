@@ -3,8 +3,11 @@
 #include "platform/error.h"
 #include "platform/posix/posixfilesystem.h"
 
+#include <QHash>
+
 #include <cerrno>
 #include <functional>
+#include <mutex>
 #include <optional>
 
 /// The real file system, with failures where the test wants them and a note of every call.
@@ -39,7 +42,9 @@ struct FakeFileSystem final : FileSystem {
 
     PosixFileSystem files{};
     QList<Failure> failures{};
+    QHash<QString, QList<DirectoryEntry>> listings{}; ///< visible entries that are not on the disk
     mutable QList<Call> calls{};
+    mutable std::mutex callsMutex{}; ///< for the calls of other threads
     std::function<void(const Call &)> onCall{}; ///< before each operation; may throw
 
     void fail(Operation operation, const QString &pathEnd = {}, int errorNumber = ENOSPC)
@@ -87,7 +92,8 @@ struct FakeFileSystem final : FileSystem {
     [[nodiscard]] QList<DirectoryEntry> visibleEntries(const FileURL &directory) const override
     {
         noteOrFail(Operation::VisibleEntries, Action::List, directory);
-        return files.visibleEntries(directory);
+        const auto madeUp = listings.constFind(directory.path());
+        return madeUp == listings.cend() ? files.visibleEntries(directory) : *madeUp;
     }
     [[nodiscard]] std::optional<FileIdentity> identity(const FileURL &url) const override
     {
@@ -128,9 +134,13 @@ struct FakeFileSystem final : FileSystem {
 private:
     void note(Operation operation, const FileURL &url) const
     {
-        calls.append({.operation = operation, .path = url.path()});
+        const Call call{.operation = operation, .path = url.path()};
+        {
+            const std::lock_guard guard(callsMutex);
+            calls.append(call);
+        }
         if (onCall)
-            onCall(calls.constLast());
+            onCall(call);
     }
 
     void noteOrFail(Operation operation, Action action, const FileURL &url) const

@@ -65,9 +65,7 @@ AppearanceFixture::~AppearanceFixture()
 
 bool AppearanceFixture::open(const QList<DockFolder> &folders)
 {
-    startWith(folders);
-    model = std::make_unique<FolderDetailModel>(*store, pictures);
-    model->setFolder(folders.first().id);
+    showFirst(folders);
     panels = std::make_unique<SystemPanels>(platform);
     QQmlComponent component(&engine);
     component.setData(scene, QUrl(QStringLiteral("qrc:/scene.qml")));

@@ -1,9 +1,7 @@
 #pragma once
 
-#include "tests/store/storefixture.h"
+#include "tests/ui/detailfixture.h"
 #include "tests/ui/itemtree.h"
-#include "ui/folderdetailmodel.h"
-#include "ui/picturestore.h"
 #include "ui/systempanels.h"
 
 #include <QQmlEngine>
@@ -11,7 +9,7 @@
 #include <QTest>
 
 /// The appearance section of one folder in a window, offscreen, over a store of fakes.
-struct AppearanceFixture : StoreFixture {
+struct AppearanceFixture : DetailFixture {
     AppearanceFixture();
     ~AppearanceFixture();
 
@@ -32,8 +30,6 @@ struct AppearanceFixture : StoreFixture {
     void click(const QAccessibleInterface *interface) const;
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
 
-    PictureStore pictures;
-    std::unique_ptr<FolderDetailModel> model;
     std::unique_ptr<SystemPanels> panels;
     QQmlEngine engine;
     std::unique_ptr<QQuickWindow> window;

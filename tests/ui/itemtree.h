@@ -17,10 +17,38 @@ template <typename Predicate>
     return nullptr;
 }
 
+/// All of them.
+template <typename Predicate>
+[[nodiscard]] QList<QQuickItem *> descendants(QQuickItem *root, const Predicate &matches)
+{
+    QList<QQuickItem *> found;
+    if (matches(root))
+        found.append(root);
+    for (QQuickItem *child : root->childItems())
+        found.append(descendants(child, matches));
+    return found;
+}
+
 [[nodiscard]] inline QQuickItem *childNamed(QQuickItem *root, const char *objectName)
 {
     return descendant(root, [objectName](const QQuickItem *item) {
         return item->objectName() == QLatin1StringView(objectName);
+    });
+}
+
+[[nodiscard]] inline QQuickItem *shownText(QQuickItem *root, const QString &text)
+{
+    return descendant(root, [&](const QQuickItem *item) {
+        return item->isVisible() && item->inherits("QQuickText")
+            && item->property("text").toString() == text;
+    });
+}
+
+[[nodiscard]] inline QQuickItem *shownSymbol(QQuickItem *root, const QString &name)
+{
+    return descendant(root, [&](const QQuickItem *item) {
+        return item->isVisible() && item->inherits("SymbolItem")
+            && item->property("name").toString() == name;
     });
 }
 

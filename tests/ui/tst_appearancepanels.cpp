@@ -302,6 +302,7 @@ void AppearancePanelsTest::theOpenPanelShowsThePictures()
     QAccessibleInterface *root = QAccessible::queryAccessibleInterface(panel);
     QTRY_VERIFY(accessibleChild(root, QAccessible::ListItem, text("b.png")));
     QVERIFY(accessibleChild(root, QAccessible::ListItem, text("a.png"))->state().selected);
+    QVERIFY(!accessibleChild(root, QAccessible::StaticText, text("No pictures here")));
     for (const char *button : {"Cancel", "Open", "Enclosing Folder"})
         QVERIFY2(accessibleChild(root, QAccessible::Button, text(button)), button);
     m_scene->click(accessibleChild(root, QAccessible::ListItem, text("b.png")));
@@ -316,6 +317,8 @@ void AppearancePanelsTest::theOpenPanelChoosesByKeyboard()
     writeImage(text("a.png"));
     QQuickWindow *panel = openImagePanel();
     QVERIFY(panel);
+    QTRY_VERIFY(accessibleChild(QAccessible::queryAccessibleInterface(panel), QAccessible::ListItem,
+                                text("b.png")));
     QTest::keyClick(panel, Qt::Key_Down);
     QTest::keyClick(panel, Qt::Key_Return);
     QTRY_VERIFY(m_scene->stored(m_folder).customIconData);
@@ -340,7 +343,7 @@ void AppearancePanelsTest::theOpenPanelTakesAPath()
     };
     type(text("/nothing/here"));
     QAccessibleInterface *root = QAccessible::queryAccessibleInterface(panel);
-    QVERIFY(
+    QTRY_VERIFY(
         accessibleChild(root, QAccessible::AlertMessage, text("There is nothing at this path.")));
     QTest::keyClick(panel, Qt::Key_A, Qt::ControlModifier);
     type(path);
@@ -360,8 +363,9 @@ void AppearancePanelsTest::theOpenPanelTakesNoOtherFileByItsPath()
     for (const QChar c : path)
         QTest::keyClick(panel, c.toLatin1());
     QTest::keyClick(panel, Qt::Key_Return);
-    QVERIFY(accessibleChild(QAccessible::queryAccessibleInterface(panel), QAccessible::AlertMessage,
-                            text("This is no picture that can be an icon.")));
+    QTRY_VERIFY(accessibleChild(QAccessible::queryAccessibleInterface(panel),
+                                QAccessible::AlertMessage,
+                                text("This is no picture that can be an icon.")));
     QVERIFY(panel->isVisible());
     QCOMPARE(m_scene->stored(m_folder), m_folder);
 }
@@ -389,6 +393,7 @@ void AppearancePanelsTest::theOpenPanelIsMirrored()
     QQuickWindow *panel = openImagePanel();
     QVERIFY(panel);
     QAccessibleInterface *const root = QAccessible::queryAccessibleInterface(panel);
+    QTRY_VERIFY(accessibleChild(root, QAccessible::ListItem, text("a.png")));
     const auto item = [root](QAccessible::Role role, const char *name) {
         return qobject_cast<QQuickItem *>(accessibleChild(root, role, text(name))->object());
     };

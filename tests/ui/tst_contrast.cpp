@@ -1,5 +1,6 @@
 #include "tests/fakes/fakeappearance.h"
 #include "ui/contrast.h"
+#include "ui/imageproviders.h"
 #include "ui/systemappearance.h"
 
 #include <QQmlComponent>
@@ -7,8 +8,6 @@
 #include <QQmlEngine>
 #include <QQmlExpression>
 #include <QTest>
-
-extern void qml_register_types_Nestlet_Companion(); // NOLINT(readability-identifier-naming)
 
 /// The contrast of colours, and of the theme's texts on the grounds that they are used on.
 class ContrastTest final : public QObject {
@@ -34,10 +33,9 @@ class ThemeReader {
 public:
     explicit ThemeReader(const Appearance::Settings &settings)
     {
-        [[maybe_unused]] auto *const volatile uiTypes = &qml_register_types_Nestlet_Companion;
         m_appearance.current = settings;
         setAppearance(m_engine, m_appearance);
-        m_engine.addImportPath(QStringLiteral(":/qt/qml"));
+        addWindowTypes(m_engine);
         m_component.setData("import QtQml\nimport Nestlet.Companion\nQtObject {}", {});
         m_object.reset(m_component.create());
     }

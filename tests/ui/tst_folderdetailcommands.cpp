@@ -1,7 +1,5 @@
 #include "model/uuidtext.h"
-#include "tests/store/storefixture.h"
-#include "ui/folderdetailmodel.h"
-#include "ui/picturestore.h"
+#include "tests/ui/detailfixture.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -12,7 +10,7 @@ class FolderDetailCommandsTest : public QObject {
 
 private Q_SLOTS:
     void init();
-    void cleanup();
+    void cleanup() { m_fixture.reset(); }
     void movesAnItemSoThatItEndsAtAnIndex_data();
     void movesAnItemSoThatItEndsAtAnIndex();
     void sameIndexIsNoMove();
@@ -33,24 +31,16 @@ private:
         QStringLiteral("Work"),
         {QStringLiteral("file:///a"), QStringLiteral("file:///b"), QStringLiteral("file:///c")});
     const DockFolder m_other = folderNamed(QStringLiteral("Play"));
-    std::unique_ptr<StoreFixture> m_fixture;
-    PictureStore m_pictures;
-    std::unique_ptr<FolderDetailModel> m_model;
+    std::unique_ptr<DetailFixture> m_fixture;
+    FolderDetailModel *m_model = nullptr; ///< the fixture's
 };
 
 void FolderDetailCommandsTest::init()
 {
     QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
-    m_fixture = std::make_unique<StoreFixture>();
-    m_fixture->startWith({m_folder, m_other});
-    m_model = std::make_unique<FolderDetailModel>(store(), m_pictures);
-    m_model->setFolder(m_folder.id);
-}
-
-void FolderDetailCommandsTest::cleanup()
-{
-    m_model.reset();
-    m_fixture.reset();
+    m_fixture = std::make_unique<DetailFixture>();
+    m_fixture->showFirst({m_folder, m_other});
+    m_model = m_fixture->model.get();
 }
 
 void FolderDetailCommandsTest::movesAnItemSoThatItEndsAtAnIndex_data()

@@ -1,8 +1,6 @@
 #include "model/uuidtext.h"
-#include "tests/store/storefixture.h"
+#include "tests/ui/detailfixture.h"
 #include "tests/ui/modelchanges.h"
-#include "ui/folderdetailmodel.h"
-#include "ui/picturestore.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -12,7 +10,7 @@ class FolderDetailModelTest : public QObject {
 
 private Q_SLOTS:
     void init();
-    void cleanup();
+    void cleanup() { m_fixture.reset(); }
     void commitsTheTrimmedNameAndAnswersTheResultingOne_data();
     void commitsTheTrimmedNameAndAnswersTheResultingOne();
     void aNameThatDiffersInBlanksOnlyIsNotSaved();
@@ -36,24 +34,16 @@ private:
         = folderNamed(QStringLiteral("Work"),
                       {QStringLiteral("file:///Applications/A.app/"), QStringLiteral("file:///b")});
     const DockFolder m_other = folderNamed(QStringLiteral("Play"), {QStringLiteral("file:///c")});
-    std::unique_ptr<StoreFixture> m_fixture;
-    PictureStore m_pictures;
-    std::unique_ptr<FolderDetailModel> m_model;
+    std::unique_ptr<DetailFixture> m_fixture;
+    FolderDetailModel *m_model = nullptr; ///< the fixture's
 };
 
 void FolderDetailModelTest::init()
 {
     QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
-    m_fixture = std::make_unique<StoreFixture>();
-    m_fixture->startWith({m_folder, m_other});
-    m_model = std::make_unique<FolderDetailModel>(store(), m_pictures);
-    m_model->setFolder(m_folder.id);
-}
-
-void FolderDetailModelTest::cleanup()
-{
-    m_model.reset();
-    m_fixture.reset();
+    m_fixture = std::make_unique<DetailFixture>();
+    m_fixture->showFirst({m_folder, m_other});
+    m_model = m_fixture->model.get();
 }
 
 void FolderDetailModelTest::commitsTheTrimmedNameAndAnswersTheResultingOne_data()
@@ -89,7 +79,7 @@ void FolderDetailModelTest::aNameThatDiffersInBlanksOnlyIsNotSaved()
 
 void FolderDetailModelTest::aLockedFolderKeepsItsName()
 {
-    const QSignalSpy changed(m_model.get(), &FolderDetailModel::changed);
+    const QSignalSpy changed(m_model, &FolderDetailModel::changed);
     CompanionStoreTestAccess::lock(store(), m_folder.id);
     QCOMPARE(changed.count(), 1);
     QVERIFY(m_model->isLocked());
@@ -115,7 +105,7 @@ void FolderDetailModelTest::showsAndChangesTheItems()
 void FolderDetailModelTest::anotherFoldersItemsReplaceTheseWithoutAReset()
 {
     ModelChanges changes(*m_model->items());
-    const QSignalSpy changed(m_model.get(), &FolderDetailModel::folderIDChanged);
+    const QSignalSpy changed(m_model, &FolderDetailModel::folderIDChanged);
     m_model->setFolder(m_other.id);
     QCOMPARE(changed.count(), 1);
     QCOMPARE(texts(*m_model->items(), ItemListModel::NameRole), QStringList{QStringLiteral("c")});
@@ -171,7 +161,7 @@ void FolderDetailModelTest::followsAChangeFromOutside()
 {
     DockFolder renamed = m_folder;
     renamed.name = QStringLiteral("Office");
-    const QSignalSpy otherFolder(m_model.get(), &FolderDetailModel::folderIDChanged);
+    const QSignalSpy otherFolder(m_model, &FolderDetailModel::folderIDChanged);
     m_fixture->changeFromOutside({renamed, m_other});
     QCOMPARE(m_model->name(), QStringLiteral("Office"));
     QCOMPARE(otherFolder.count(), 0);

@@ -91,6 +91,10 @@ private Q_SLOTS:
     void theSymbolGoesBeforeTheItems();
     void itemsAreShownInAGrid();
     void changedItemsFadeIn();
+    void theFolderOfAnEmptyOneFadesIntoItsFirstItemAndBack();
+    void anEmptyFolderAfterAnotherFadesToo();
+    void nothingFadesFromOrToNoItems_data();
+    void nothingFadesFromOrToNoItems();
     void nothingFades_data();
     void nothingFades();
     void missingItemsAreFaintSquares();
@@ -112,6 +116,8 @@ private:
     [[nodiscard]] QString pictureOf(const QByteArray &bytes);
     void addIcon(const QString &url, Qt::GlobalColor color);
     [[nodiscard]] QQuickItem *currentGrid() const;
+    /// What fades away over the icon; null: nothing has.
+    [[nodiscard]] QQuickItem *formerLook() const;
 
     FakeAppearance m_appearance;
     FakeWorkspace m_workspace;
@@ -157,10 +163,7 @@ QQuickItem *FolderIconTest::icon() const
 
 QQuickItem *FolderIconTest::symbol(const QString &name) const
 {
-    return descendant(icon(), [&](const QQuickItem *item) {
-        return item->isVisible() && item->inherits("SymbolItem")
-            && item->property("name").toString() == name;
-    });
+    return shownSymbol(icon(), name);
 }
 
 QQuickItem *FolderIconTest::itemGrid() const
@@ -345,6 +348,79 @@ void FolderIconTest::changedItemsFadeIn()
     }
     QVERIFY(hasSteps);
     QCOMPARE(currentGrid()->opacity(), 1.0);
+}
+
+QQuickItem *FolderIconTest::formerLook() const
+{
+    return descendant(icon(), [](const QQuickItem *item) {
+        return item->objectName() == QStringLiteral("formerLook");
+    });
+}
+
+void FolderIconTest::theFolderOfAnEmptyOneFadesIntoItsFirstItemAndBack()
+{
+    const QStringList red{QStringLiteral("file:///a")};
+    addIcon(red.first(), Qt::red);
+    QVERIFY(show(QStringLiteral("preview"), {{QStringLiteral("tint"), QStringLiteral("#000000")}}));
+    QVERIFY(symbol(QStringLiteral("folder.fill")));
+    QList<double> steps;
+    connect(formerLook(), &QQuickItem::opacityChanged, this,
+            [&] { steps.append(formerLook()->opacity()); });
+    bool hasSteps = false; // on a machine that is busy otherwise, a fade may be over at its second
+    for (int attempt = 1; attempt <= 5 && !hasSteps; ++attempt) {
+        steps.clear();
+        set("urls", red);
+        QVERIFY(symbol(QStringLiteral("folder.fill"))); // still
+        QTRY_COMPARE(pixel(60, 60), QColor(Qt::red));
+        QTRY_VERIFY(!symbol(QStringLiteral("folder.fill")));
+        set("urls", QStringList());
+        QVERIFY(currentGrid()); // still
+        QTRY_VERIFY(!currentGrid());
+        QCOMPARE(pixel(40, 40), QColor(Qt::black));
+        QVERIFY(symbol(QStringLiteral("folder.fill")));
+        hasSteps
+            = std::ranges::count_if(steps, [](double step) { return step > 0 && step < 1; }) >= 2;
+    }
+    QVERIFY(hasSteps);
+    QCOMPARE(steps.last(), 0.0);
+}
+
+void FolderIconTest::nothingFadesFromOrToNoItems_data()
+{
+    QTest::addColumn<QByteArrayList>("order"); // in which the properties become others
+    QTest::addColumn<bool>("reducesMotion");
+    QTest::newRow("into another folder") << QByteArrayList{"folder", "urls"} << false;
+    QTest::newRow("into another folder, known last") << QByteArrayList{"urls", "folder"} << false;
+    QTest::newRow("under a symbol") << QByteArrayList{"symbol", "urls"} << false;
+    QTest::newRow("under a picture") << QByteArrayList{"picture", "urls"} << false;
+    QTest::newRow("with reduced motion") << QByteArrayList{"urls"} << true;
+}
+
+void FolderIconTest::nothingFadesFromOrToNoItems()
+{
+    QFETCH(QByteArrayList, order);
+    QFETCH(bool, reducesMotion);
+    m_appearance.change({.reducesMotion = reducesMotion});
+    const QVariantMap values{{QStringLiteral("folder"), QStringLiteral("G")},
+                             {QStringLiteral("urls"), QStringList{QStringLiteral("file:///a")}},
+                             {QStringLiteral("symbol"), QStringLiteral("star.fill")},
+                             {QStringLiteral("picture"), pictureOf(pngOf(Qt::green))}};
+    QVERIFY(show(QStringLiteral("preview")));
+    for (const QByteArray &name : order)
+        set(name.constData(), values.value(QString::fromLatin1(name)));
+    QVERIFY(!formerLook()->property("active").toBool());
+}
+
+// Nor is one folder's look forgotten over another's that looks the same.
+void FolderIconTest::anEmptyFolderAfterAnotherFadesToo()
+{
+    const QStringList red{QStringLiteral("file:///a")};
+    QVERIFY(show(QStringLiteral("preview")));
+    set("folder", QStringLiteral("G"));
+    QCoreApplication::processEvents();
+    set("urls", red);
+    QVERIFY(formerLook()->property("active").toBool());
+    QTRY_VERIFY(!formerLook()->property("active").toBool());
 }
 
 void FolderIconTest::nothingFades_data()

@@ -1,5 +1,6 @@
 #include "model/uuidtext.h"
 #include "tests/fakes/fakeopenpanel.h"
+#include "tests/ui/itemtree.h"
 #include "tests/ui/windowfixture.h"
 #include "ui/systempanels.h"
 
@@ -26,7 +27,6 @@ private:
     {
         return item->mapRectToScene(item->boundingRect());
     }
-    [[nodiscard]] QQuickItem *shownText(const QString &text, QQuickItem *root) const;
     [[nodiscard]] bool isToolTip(const QString &text) const;
 
     DockFolder m_full;
@@ -62,24 +62,11 @@ void WindowDetailTest::cleanup()
     m_panels.reset();
 }
 
-QQuickItem *WindowDetailTest::shownText(const QString &text, QQuickItem *root) const
-{
-    if (!root->isVisible())
-        return nullptr;
-    if (root->inherits("QQuickText") && root->property("text").toString() == text)
-        return root;
-    for (QQuickItem *child : root->childItems()) {
-        if (QQuickItem *found = shownText(text, child))
-            return found;
-    }
-    return nullptr;
-}
-
 bool WindowDetailTest::isToolTip(const QString &text) const
 {
     const QList<QQuickItem *> layers = m_window->window->contentItem()->childItems();
     return std::ranges::any_of(layers, [&](QQuickItem *layer) {
-        return layer->inherits("QQuickOverlay") && shownText(text, layer) != nullptr;
+        return layer->inherits("QQuickOverlay") && shownText(layer, text) != nullptr;
     });
 }
 
@@ -150,7 +137,7 @@ void WindowDetailTest::namesWithoutRoomHaveATooltip()
         target = m_window->item(QAccessible::Heading, name);
     } else {
         CompanionStoreTestAccess::lock(*m_window->store, m_full.id);
-        target = shownText(name, m_window->named("detailScroll"));
+        target = shownText(m_window->named("detailScroll"), name);
     }
     QVERIFY(target);
     QTest::mouseMove(m_window->window, QPoint(5, 790));

@@ -19,7 +19,9 @@ private Q_SLOTS:
     void aDropGoesToTheFolderThatItFellOn();
     void aDropIsKeptThoughItsRowIsScrolledAway();
     void theLookTellsOfTheDragAndOfTheDock();
-    void scrollingUnderAStillDragLeavesNoHighlight();
+    void scrollingUnderAStillDragTakesTheHighlightAlong();
+    void aDropGoesToTheRowThatWasScrolledUnderIt();
+    void aRowThatComesUnderAStillDragIsLit();
 
 private:
     [[nodiscard]] QStringList itemsOf(const DockFolder &folder)
@@ -52,6 +54,10 @@ private:
     [[nodiscard]] bool hasOutline(const QString &name)
     {
         return outline(name)->property("width").toInt() > 0;
+    }
+    [[nodiscard]] qreal rowHeight()
+    {
+        return m_window->evaluate(QStringLiteral("Theme.rowHeight")).toReal();
     }
     /// The rows that look like drop targets, or begin to.
     [[nodiscard]] QStringList highlighted()
@@ -215,6 +221,7 @@ void WindowDropsTest::theLookTellsOfTheDragAndOfTheDock()
     QCOMPARE(captionInk(m_a.name), themeColor("blueInk"));
     QVERIFY(!hasOutline(m_a.name));
 
+    QTRY_COMPARE(m_window->row(m_a.name)->y(), rowHeight()); // below the locked one
     IncomingDrag drag(*m_window->window, "file:///tmp/x");
     QVERIFY(drag.enter(rowCentre(m_a.name)));
     QTRY_VERIFY(hasOutline(m_a.name));
@@ -227,7 +234,7 @@ void WindowDropsTest::theLookTellsOfTheDragAndOfTheDock()
     QCOMPARE(captionInk(m_a.name), themeColor("blueInk"));
 }
 
-void WindowDropsTest::scrollingUnderAStillDragLeavesNoHighlight()
+void WindowDropsTest::scrollingUnderAStillDragTakesTheHighlightAlong()
 {
     QList<DockFolder> many;
     for (int number = 0; number < 60; ++number)
@@ -237,15 +244,44 @@ void WindowDropsTest::scrollingUnderAStillDragLeavesNoHighlight()
     const QPoint place = rowCentre(QStringLiteral("Folder 3"));
     QVERIFY(drag.enter(place));
     QQuickItem *const list = m_window->named("folderList");
-    for (const qreal position : {900.0, 1800.0, 600.0}) {
-        list->setProperty("contentY", position);
+    for (const int rows : {15, 30, 10}) {
+        list->setProperty("contentY", rows * rowHeight());
         list->ensurePolished();
-        QCOMPARE(highlighted(), QStringList());
+        QTRY_COMPARE(highlighted(), QStringList{QStringLiteral("Folder %1").arg(3 + rows)});
     }
-    QVERIFY(drag.move(place + QPoint(1, 1)));
-    QCOMPARE(highlighted().size(), 1);
     drag.leave();
+    QTRY_COMPARE(highlighted(), QStringList());
+}
+
+void WindowDropsTest::aDropGoesToTheRowThatWasScrolledUnderIt()
+{
+    QList<DockFolder> many;
+    for (int number = 0; number < 60; ++number)
+        many.append(folderNamed(QStringLiteral("Folder %1").arg(number)));
+    m_window->changeFromOutside(many);
+    IncomingDrag drag(*m_window->window, "file:///tmp/x");
+    const QPoint place = rowCentre(QStringLiteral("Folder 3"));
+    QVERIFY(drag.enter(place));
+    QQuickItem *const list = m_window->named("folderList");
+    list->setProperty("contentY", 2 * rowHeight());
+    list->ensurePolished();
+    QCOMPARE(drag.drop(place), Qt::CopyAction); // before any frame
+    QTRY_COMPARE(itemsOf(many.at(5)), QStringList{QStringLiteral("x")});
+    QCOMPARE(itemsOf(many.at(3)), QStringList());
+}
+
+void WindowDropsTest::aRowThatComesUnderAStillDragIsLit()
+{
+    IncomingDrag drag(*m_window->window, "file:///tmp/x");
+    const QPoint place = rowCentre(m_a.name) + QPoint(0, 2 * int(rowHeight()));
+    static_cast<void>(drag.enter(place)); // on no row yet
     QCOMPARE(highlighted(), QStringList());
+    const DockFolder third = folderNamed(QStringLiteral("C"));
+    m_window->changeFromOutside({m_a, m_b, third});
+    QTRY_COMPARE(highlighted(), QStringList{third.name});
+    m_window->changeFromOutside({m_a, m_b});
+    QTRY_COMPARE(highlighted(), QStringList());
+    drag.leave();
 }
 
 QTEST_MAIN(WindowDropsTest)

@@ -1,5 +1,6 @@
 #include "model/uuidtext.h"
 #include "tests/ui/drags.h"
+#include "tests/ui/itemtree.h"
 #include "tests/ui/windowfixture.h"
 
 #include <QSignalSpy>
@@ -21,6 +22,8 @@ private Q_SLOTS:
     void filesDroppedOnACellAreAddedOnce();
     void filesBetweenTheCellsAreAdded();
     void aCellThatGoesMeanwhileLeavesNoHighlight();
+    void anItemHeldStillGoesOnWhileTheGridScrolls();
+    void nothingIsHoveredDuringADrag();
     void anEmptyGridInvitesWhileFilesHover();
     void aDropFillsTheEmptyGrid();
     void aLockedFolderDragsNothing();
@@ -45,7 +48,6 @@ private:
     [[nodiscard]] bool isHighlighted() const { return grid()->property("isDropTargeted").toBool(); }
     [[nodiscard]] QString draggedID() const { return grid()->property("draggedItemID").toString(); }
     [[nodiscard]] IncomingDrag dragItem(int index);
-    [[nodiscard]] QQuickItem *symbolNamed(QQuickItem *root, const QString &name) const;
 
     const DockFolder m_full
         = folderNamed(QStringLiteral("Full"),
@@ -69,17 +71,6 @@ IncomingDrag WindowGridDropsTest::dragItem(int index)
     const QString id = uuidText(m_full.items.at(index).id);
     grid()->setProperty("draggedItemID", id);
     return {*m_window->window, id.toLatin1(), QStringLiteral("text/plain")};
-}
-
-QQuickItem *WindowGridDropsTest::symbolNamed(QQuickItem *root, const QString &name) const
-{
-    if (root->inherits("SymbolItem") && root->property("name").toString() == name)
-        return root;
-    for (QQuickItem *child : root->childItems()) {
-        if (QQuickItem *found = symbolNamed(child, name))
-            return found;
-    }
-    return nullptr;
 }
 
 void WindowGridDropsTest::theFirstOverTheThirdEndsThereWhileBeingDragged()
@@ -210,6 +201,60 @@ void WindowGridDropsTest::aCellThatGoesMeanwhileLeavesNoHighlight()
     QTRY_VERIFY(!isHighlighted());
 }
 
+// Near the lower edge of the window, so that it scrolls by itself.
+void WindowGridDropsTest::anItemHeldStillGoesOnWhileTheGridScrolls()
+{
+    DockFolder many = m_full;
+    for (int number = 0; number < 60; ++number)
+        many.items.append({.id = QUuid::createUuid(),
+                           .name = QString::number(number),
+                           .url = FileURL::file(QStringLiteral("/%1").arg(number))});
+    m_window->changeFromOutside({many, m_empty});
+    QQuickItem *const scroll = m_window->named("detailScroll");
+    scroll->setProperty("contentY", 300);
+    const QPoint start = centreOf("a");
+    const QPoint edge(start.x(), m_window->window->height() - 20);
+    IncomingDrag drag = dragItem(0);
+    QVERIFY(drag.enter(start));
+    QVERIFY(drag.move(edge));
+    const auto place
+        = [&] { return m_window->store->folder(m_full.id)->items.indexOf(many.items.first()); };
+    const auto first = place();
+    QVERIFY(first > 0);
+    QTRY_VERIFY_WITH_TIMEOUT(scroll->property("atYEnd").toBool(), 20'000);
+    const int columns = grid()->property("columns").toInt();
+    QTRY_VERIFY(place() > first + 2 * columns);
+    drag.leave();
+}
+
+// The pointer is where the drag is: what it was over before is hovered no more, nor what is
+// scrolled there.
+void WindowGridDropsTest::nothingIsHoveredDuringADrag()
+{
+    const auto hovered = [this] {
+        QStringList names;
+        for (const DockFolderItem &item : m_full.items) {
+            if (m_window->row(item.name)->property("isHovered").toBool())
+                names.append(item.name);
+        }
+        return names;
+    };
+    QTest::mouseMove(m_window->window, centreOf("b"));
+    QTRY_COMPARE(hovered(), QStringList{QStringLiteral("b")});
+    IncomingDrag drag(*m_window->window, "file:///x");
+    QVERIFY(drag.enter(centreOf("d")));
+    QTRY_COMPARE(hovered(), QStringList());
+    const QSignalSpy frames(m_window->window, &QQuickWindow::afterAnimating);
+    for (int step = 1; step <= 3; ++step) {
+        m_window->named("detailScroll")->setProperty("contentY", 10 * step);
+        QTRY_VERIFY(frames.count() >= step);
+        QCOMPARE(hovered(), QStringList());
+    }
+    drag.leave();
+    QTest::mouseMove(m_window->window, centreOf("c"));
+    QTRY_COMPARE(hovered(), QStringList{QStringLiteral("c")});
+}
+
 void WindowGridDropsTest::anEmptyGridInvitesWhileFilesHover()
 {
     m_window->click(m_window->row(m_empty.name));
@@ -217,16 +262,16 @@ void WindowGridDropsTest::anEmptyGridInvitesWhileFilesHover()
     const auto line
         = [state] { return QAccessible::queryAccessibleInterface(state)->text(QAccessible::Name); };
     QCOMPARE(line(), QStringLiteral("No items yet"));
-    QVERIFY(symbolNamed(state, QStringLiteral("tray")));
+    QVERIFY(shownSymbol(state, QStringLiteral("tray")));
     IncomingDrag drag(*m_window->window, "file:///x");
     QVERIFY(drag.enter(WindowFixture::centre(state)));
     QCOMPARE(line(), QStringLiteral("Release to Add"));
-    const QQuickItem *const arrow = symbolNamed(state, QStringLiteral("arrow.down.circle.fill"));
+    const QQuickItem *const arrow = shownSymbol(state, QStringLiteral("arrow.down.circle.fill"));
     QVERIFY(arrow);
     QCOMPARE(arrow->property("color").value<QColor>(), QColor(0x00, 0x7A, 0xFF));
     drag.leave();
     QCOMPARE(line(), QStringLiteral("No items yet"));
-    QVERIFY(symbolNamed(state, QStringLiteral("tray")));
+    QVERIFY(shownSymbol(state, QStringLiteral("tray")));
     QCOMPARE(QAccessible::queryAccessibleInterface(state)->text(QAccessible::Description),
              QStringLiteral("Click \"Add Apps\" or drag apps here."));
 }

@@ -1,4 +1,5 @@
 #include "model/uuidtext.h"
+#include "tests/ui/itemtree.h"
 #include "tests/ui/windowfixture.h"
 
 /// More folders and items than a window can show.
@@ -18,7 +19,7 @@ private Q_SLOTS:
     void theKeyboardReachesTheLastItem();
 
 private:
-    [[nodiscard]] int count(const char *delegate, QQuickItem *root = nullptr) const;
+    [[nodiscard]] qsizetype count(const char *delegate) const;
     [[nodiscard]] QString item(int number) const { return QStringLiteral("i%1").arg(number); }
     void scrollTo(qreal position);
 
@@ -48,13 +49,13 @@ void WindowManyTest::init()
 }
 
 // How many items of a QML type are in the window.
-int WindowManyTest::count(const char *delegate, QQuickItem *root) const
+qsizetype WindowManyTest::count(const char *delegate) const
 {
-    QQuickItem *const from = root ? root : m_window->window->contentItem();
-    int found = QByteArray(from->metaObject()->className()).startsWith(delegate) ? 1 : 0;
-    for (QQuickItem *child : from->childItems())
-        found += count(delegate, child);
-    return found;
+    return descendants(m_window->window->contentItem(),
+                       [delegate](const QQuickItem *item) {
+                           return QByteArray(item->metaObject()->className()).startsWith(delegate);
+                       })
+        .size();
 }
 
 void WindowManyTest::scrollTo(qreal position)
@@ -65,7 +66,7 @@ void WindowManyTest::scrollTo(qreal position)
 
 void WindowManyTest::onlyVisibleCellsExist()
 {
-    const int cells = count("FolderItemGridCell_");
+    const qsizetype cells = count("FolderItemGridCell_");
     QVERIFY(cells >= 7);
     QVERIFY2(cells <= 10 * 7, qPrintable(QString::number(cells)));
     QCOMPARE(m_window->named("itemGrid")->property("count").toInt(), items);
@@ -73,7 +74,7 @@ void WindowManyTest::onlyVisibleCellsExist()
 
 void WindowManyTest::onlyVisibleRowsExist()
 {
-    const int rows = count("CompanionFolderRow_");
+    const qsizetype rows = count("CompanionFolderRow_");
     QVERIFY(rows >= 10);
     QVERIFY2(rows <= 40, qPrintable(QString::number(rows)));
     QCOMPARE(m_window->named("folderList")->property("count").toInt(), folders);
@@ -116,17 +117,7 @@ void WindowManyTest::scrollingThroughLeavesNoCellBehind()
 
 void WindowManyTest::theNumberOfItemsIsWrittenByTheLocale()
 {
-    const auto shows = [this](const QString &text) {
-        QList<QQuickItem *> left{m_window->window->contentItem()};
-        while (!left.isEmpty()) {
-            QQuickItem *const item = left.takeFirst();
-            if (item->inherits("QQuickText") && item->property("text").toString() == text)
-                return true;
-            left.append(item->childItems());
-        }
-        return false;
-    };
-    QVERIFY(shows(QLocale().toString(items)));
+    QVERIFY(shownText(m_window->window->contentItem(), QLocale().toString(items)));
 }
 
 void WindowManyTest::theKeyboardReachesTheLastItem()

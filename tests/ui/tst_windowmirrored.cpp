@@ -1,3 +1,4 @@
+#include "tests/ui/itemtree.h"
 #include "tests/ui/windowfixture.h"
 
 /// The window in languages that are written from right to left.
@@ -58,18 +59,14 @@ void WindowMirroredTest::theSidebarIsOnTheRight()
 
 void WindowMirroredTest::rowsBeginOnTheRight()
 {
-    const QQuickItem *const row = m_window->row(m_a.name);
-    QList<QQuickItem *> left = row->childItems();
-    QRectF thumbnail;
-    QRectF name;
-    while (!left.isEmpty()) {
-        QQuickItem *const item = left.takeFirst();
-        if (QByteArray(item->metaObject()->className()).startsWith("SidebarFolderThumbnail"))
-            thumbnail = place(item);
-        else if (item->property("text").toString() == m_a.name)
-            name = place(item);
-        left.append(item->childItems());
-    }
+    QQuickItem *const row = m_window->row(m_a.name);
+    const QQuickItem *const picture = descendant(row, [](const QQuickItem *item) {
+        return QByteArray(item->metaObject()->className()).startsWith("SidebarFolderThumbnail");
+    });
+    const QQuickItem *const text = shownText(row, m_a.name);
+    QVERIFY(picture && text);
+    const QRectF thumbnail = place(picture);
+    const QRectF name = place(text);
     QCOMPARE(thumbnail.size(), QSizeF(36, 36));
     QCOMPARE(thumbnail.right(), place(row).right() - 18);
     QCOMPARE(name.right(), thumbnail.left() - 8);

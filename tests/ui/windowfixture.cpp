@@ -17,16 +17,16 @@ void failOnWindowWarnings()
 WindowFixture::WindowFixture()
 {
     qputenv("QT_QUICK_BACKEND", "software");
+    addImageProviders(engine, workspace, pictures);
+    addWindowTypes(engine);
 }
 
 bool WindowFixture::open(const QList<DockFolder> &folders)
 {
     startWith(folders);
-    // The fake notes calls for the main thread only.
+    // Not by the fake, whose notes are of what tests begin.
     model = std::make_unique<CompanionViewModel>(
         *store, pictures, [this] { return scanInstalledApplications(files.files, directories); });
-    addImageProviders(engine, workspace, pictures);
-    addWindowTypes(engine);
     engine.setInitialProperties({{QStringLiteral("model"), QVariant::fromValue(model.get())}});
     engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Nestlet/Companion/CompanionView.qml")));
     if (engine.rootObjects().isEmpty())

@@ -1,4 +1,5 @@
 import QtQuick
+import QtQuick.Templates as T
 import QtTest
 import Nestlet.Companion
 
@@ -58,7 +59,7 @@ ViewTest {
     }
     function test_hasNoControls() {
         const strip = show(view, {});
-        verify(!part(strip, part => part instanceof AbstractButton));
+        verify(!part(strip, part => part instanceof T.AbstractButton));
         compare(mac.told(strip).role, "Grouping");
     }
     function test_whatDoesNotFitIsInATooltip() {

@@ -1,0 +1,77 @@
+#include "ui/windowdrag.h"
+
+#include <QCoreApplication>
+#include <QScopedValueRollback>
+
+void WindowDrag::setWindow(QQuickWindow *window)
+{
+    if (m_window == window)
+        return;
+    if (m_window)
+        m_window->removeEventFilter(this);
+    end();
+    m_window = window;
+    if (m_window)
+        m_window->installEventFilter(this);
+    Q_EMIT windowChanged();
+}
+
+bool WindowDrag::eventFilter(QObject *watched, QEvent *event)
+{
+    if (m_isRepeating)
+        return QObject::eventFilter(watched, event);
+    switch (event->type()) {
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+        follow(*static_cast<QDropEvent *>(event));
+        break;
+    case QEvent::Drop: // on what is there by now
+        repeatAt(static_cast<QDropEvent *>(event)->position());
+        [[fallthrough]];
+    case QEvent::DragLeave:
+        end();
+        break;
+    default:
+        break;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void WindowDrag::begin()
+{
+    // Once everything is in its place.
+    m_frames
+        = connect(m_window, &QQuickWindow::afterAnimating, this, [this] { repeatAt(m_place); });
+    // No movement of the mouse tells that it has gone from what it was over before.
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(m_window, &leave);
+}
+
+void WindowDrag::follow(const QDropEvent &event)
+{
+    if (!m_frames)
+        begin();
+    m_content = event.mimeData();
+    m_place = event.position();
+    m_actions = event.possibleActions();
+    m_buttons = event.buttons();
+    m_modifiers = event.modifiers();
+    Q_EMIT moved();
+}
+
+void WindowDrag::end()
+{
+    disconnect(m_frames);
+    m_frames = {};
+    m_content.clear();
+    Q_EMIT moved();
+}
+
+void WindowDrag::repeatAt(const QPointF &place)
+{
+    if (!m_content || !m_window)
+        return;
+    const QScopedValueRollback repeating(m_isRepeating, true);
+    QDragMoveEvent event(place.toPoint(), m_actions, m_content, m_buttons, m_modifiers);
+    QCoreApplication::sendEvent(m_window, &event);
+}

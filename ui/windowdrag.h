@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QDropEvent>
+#include <QMimeData>
+#include <QObject>
+#include <QPointer>
+#include <QQuickWindow>
+#include <QtQml/qqmlregistration.h>
+
+/// A drag over a window, wherever in it that is and whether or not something there takes it.
+///
+/// While it is held still the system says nothing, but what lies under it may be scrolled away,
+/// moved or removed: it would stay lit, and take the drop. So what takes drops is told at each
+/// frame where the drag is.
+class WindowDrag : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(QQuickWindow *window READ window WRITE setWindow NOTIFY windowChanged)
+    Q_PROPERTY(bool isOver READ isOver NOTIFY moved)
+    /// Of the window; where it was last when there is none.
+    Q_PROPERTY(QPointF place READ place NOTIFY moved)
+
+public:
+    using QObject::QObject;
+
+    [[nodiscard]] QQuickWindow *window() const { return m_window; }
+    void setWindow(QQuickWindow *window);
+    [[nodiscard]] bool isOver() const { return m_content != nullptr; }
+    [[nodiscard]] QPointF place() const { return m_place; }
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+Q_SIGNALS:
+    void windowChanged();
+    void moved();
+
+private:
+    void begin();
+    void follow(const QDropEvent &event);
+    void end();
+    void repeatAt(const QPointF &place);
+
+    QPointer<QQuickWindow> m_window;
+    QPointer<const QMimeData> m_content;
+    QPointF m_place;
+    Qt::DropActions m_actions;
+    Qt::MouseButtons m_buttons;
+    Qt::KeyboardModifiers m_modifiers;
+    QMetaObject::Connection m_frames; ///< while a drag is over the window
+    bool m_isRepeating = false;
+};
