@@ -6,10 +6,6 @@
 #include <cstring>
 #include <string_view>
 
-#ifdef __x86_64__
-#include <immintrin.h>
-#endif
-
 namespace {
 
 constexpr std::string_view alphabet
@@ -63,108 +59,7 @@ void storeGroups(char *out, quint32 first, quint32 second)
     const quint64 bytes = qToLittleEndian(first | quint64(second) << 24);
     std::memcpy(out, &bytes, sizeof bytes);
 }
-
-// How much more than what they decode some of these functions touch.
-constexpr qsizetype spare = 16;
-
-#ifdef __x86_64__
-
-constexpr qsizetype blockLength = 16;
-using NibbleTable = std::array<qint8, 16>;
-
-// What tells the characters of the alphabet from others by the two halves of their byte. Upper
-// halves after which the same lower halves belong to the alphabet share a bit; the other table has,
-// for each lower half, the bits of those after which it does not.
-struct BlockTables {
-    NibbleTable bitOfUpper{};
-    NibbleTable bitsWithoutLower{};
-    NibbleTable
-        toValue{}; ///< what to add to a character; for a slash at 1, by which it comes first
-};
-
-constexpr BlockTables makeBlockTables()
-{
-    std::array<quint32, 16> lowers{}; // a bit for each lower half that belongs after an upper one
-    BlockTables tables;
-    for (size_t value = 0; value < alphabet.size(); ++value) {
-        const auto c = static_cast<unsigned char>(alphabet.at(value));
-        lowers.at(c >> 4) |= 1u << (c & 0x0f);
-        tables.toValue.at(c == '/' ? 1 : c >> 4) = static_cast<qint8>(int(value) - int(c));
-    }
-    qint8 nextBit = 1;
-    for (size_t upper = 0; upper < lowers.size(); ++upper) {
-        size_t same = 0;
-        while (lowers.at(same) != lowers.at(upper))
-            ++same;
-        if (same < upper) {
-            tables.bitOfUpper.at(upper) = tables.bitOfUpper.at(same);
-            continue;
-        }
-        tables.bitOfUpper.at(upper) = nextBit;
-        for (size_t lower = 0; lower < tables.bitsWithoutLower.size(); ++lower) {
-            if ((lowers.at(upper) >> lower & 1) == 0)
-                tables.bitsWithoutLower.at(lower) |= nextBit;
-        }
-        nextBit = static_cast<qint8>(nextBit << 1);
-    }
-    return tables;
-}
-constexpr BlockTables blockTables = makeBlockTables();
-
-// Decodes blocks of four groups as far as there are no other characters in them; returns the number
-// of groups. Four times as fast as by the tables of characters, and pictures are most of a library.
-__attribute__((target("ssse3"))) qsizetype decodeBlocks(QByteArrayView text, char *out)
-{
-    const auto loaded = [](const NibbleTable &table) {
-        return _mm_loadu_si128(reinterpret_cast<const __m128i *>(table.data()));
-    };
-    const __m128i bitOfUpper = loaded(blockTables.bitOfUpper);
-    const __m128i bitsWithoutLower = loaded(blockTables.bitsWithoutLower);
-    const __m128i toValue = loaded(blockTables.toValue);
-    const __m128i half = _mm_set1_epi8(0x0f);
-    const __m128i slash = _mm_set1_epi8('/');
-    const __m128i joinPairs
-        = _mm_set1_epi32(0x01400140); // a character's six bits before the next's
-    const __m128i joinGroups = _mm_set1_epi32(0x00011000); // a pair's twelve bits before the next's
-    const __m128i inOrder = _mm_setr_epi8(2, 1, 0, 6, 5, 4, 10, 9, 8, 14, 13, 12, -1, -1, -1, -1);
-    const qsizetype count = text.size() / blockLength;
-    const char *next = text.begin();
-    for (qsizetype i = 0; i < count; ++i) {
-        const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i *>(next));
-        const __m128i upper = _mm_and_si128(_mm_srli_epi32(block, 4), half);
-        const __m128i others
-            = _mm_and_si128(_mm_shuffle_epi8(bitOfUpper, upper),
-                            _mm_shuffle_epi8(bitsWithoutLower, _mm_and_si128(block, half)));
-        if (_mm_movemask_epi8(_mm_cmpeq_epi8(others, _mm_setzero_si128())) != 0xffff)
-            return i * blockLength / groupLength;
-        const __m128i place = _mm_add_epi8(upper, _mm_cmpeq_epi8(block, slash)); // -1 where equal
-        const __m128i values = _mm_add_epi8(block, _mm_shuffle_epi8(toValue, place));
-        const __m128i groups = _mm_madd_epi16(_mm_maddubs_epi16(values, joinPairs), joinGroups);
-        _mm_storeu_si128(reinterpret_cast<__m128i *>(out), _mm_shuffle_epi8(groups, inOrder));
-        next += blockLength;
-        out += blockLength / groupLength * 3;
-    }
-    return count * blockLength / groupLength;
-}
-
-bool canDecodeBlocks()
-{
-    static const bool can = __builtin_cpu_supports("ssse3") != 0;
-    return can;
-}
-
-#else
-
-bool canDecodeBlocks()
-{
-    return false;
-}
-qsizetype decodeBlocks(QByteArrayView, char *)
-{
-    return 0;
-}
-
-#endif
+constexpr qsizetype spare = 8;
 
 // Decodes whole groups, two at a time, as far as there are no others; returns the number of groups.
 qsizetype decodePlainGroups(QByteArrayView text, char *out)
@@ -216,7 +111,30 @@ char *writeRest(char *out, QByteArrayView rest)
 
 // NOLINTEND(cppcoreguidelines-pro-bounds-constant-array-index)
 
+// Without a branch or a table, so that the compiler makes many steps at a time of it.
+bool isInAlphabet(char character)
+{
+    const auto c = static_cast<unsigned char>(character);
+    const auto isBetween = [c](unsigned char first, unsigned char last) {
+        return static_cast<unsigned char>(c - first) <= static_cast<unsigned char>(last - first);
+    };
+    return isBetween('A', 'Z') | isBetween('a', 'z') | isBetween('0', '9') | (c == '+')
+        | (c == '/'); // NOLINT(hicpp-signed-bitwise)
+}
+
 } // namespace
+
+bool isBase64(QByteArrayView text)
+{
+    if (text.size() % groupLength != 0)
+        return false;
+    for (int fill = 0; fill < 2 && text.endsWith('='); ++fill)
+        text.chop(1);
+    bool isPlain = true;
+    for (const char c : text)
+        isPlain &= isInAlphabet(c);
+    return isPlain;
+}
 
 std::optional<QByteArray> bytesFromBase64(QByteArrayView text)
 {
@@ -224,8 +142,7 @@ std::optional<QByteArray> bytesFromBase64(QByteArrayView text)
         return std::nullopt;
     const qsizetype count = text.size() / groupLength;
     QByteArray bytes(count * 3 + spare, Qt::Uninitialized);
-    qsizetype group = canDecodeBlocks() ? decodeBlocks(text, bytes.data()) : 0;
-    group += decodePlainGroups(text.sliced(group * groupLength), bytes.data() + group * 3);
+    qsizetype group = decodePlainGroups(text, bytes.data());
     qsizetype size = group * 3;
     for (; group < count; ++group) {
         const char *const next = text.data() + group * groupLength;

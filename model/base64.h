@@ -14,6 +14,9 @@
 /// Writes the standard Base64 text, filled up with "=", and returns the end of it.
 char *writeBase64(char *out, QByteArrayView bytes);
 
+/// Whether bytesFromBase64 has bytes for the text, in less time.
+[[nodiscard]] bool isBase64(QByteArrayView text);
+
 /// The bytes of a standard Base64 text. Strict: whole groups of four, nothing but the 64
 /// characters,
 /// "=" only to fill the last group; bits that the fill leaves over are not looked at.

@@ -21,7 +21,7 @@ bool DockFolder::operator==(const DockFolder &other) const
 {
     return id == other.id && name == other.name && items == other.items
         && accentColorHex == other.accentColorHex && iconSymbol == other.iconSymbol
-        && isSame(customIconData, other.customIconData) && gridColumns == other.gridColumns;
+        && customIconData == other.customIconData && gridColumns == other.gridColumns;
 }
 
 const QUuid &appStoreFolderID()

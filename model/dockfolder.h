@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/base64bytes.h"
 #include "platform/fileurl.h"
 
 #include <QByteArray>
@@ -31,7 +32,7 @@ struct DockFolder {
     QList<DockFolderItem> items{}; ///< in grid order
     std::optional<QString> accentColorHex{}; ///< "#RRGGBB"; absent: no colour was chosen
     std::optional<QString> iconSymbol{}; ///< name of a system symbol
-    std::optional<QByteArray> customIconData{}; ///< contents of an image file
+    std::optional<Base64Bytes> customIconData{}; ///< contents of an image file
     std::optional<qint64> gridColumns{}; ///< absent: the default applies
     /// Field by field. Data that both share is not looked into, so that comparing a library with a
     /// changed copy of it costs next to nothing.

@@ -74,8 +74,8 @@ public:
         m_decoded.push_back(m_bytes.size() - 1);
     }
 
-    // What is decoded points into the file: the whole file is kept for it when little else is kept,
-    // otherwise a copy of those few bytes.
+    // What is decoded points into the file: the whole file is kept for it when nothing else is
+    // kept, otherwise a copy of those few bytes, and the pictures in them.
     void moveInto(KeptFolders &kept, const QByteArray &file)
     {
         const bool isUnchanged = m_decoded.empty() && m_knownCount == kept.m_folders.size();
@@ -84,12 +84,19 @@ public:
         if (m_knownCount == 0)
             kept.m_file = file;
         else
-            std::ranges::for_each(m_decoded, [this](size_t i) { m_bytes[i].json.detach(); });
+            std::ranges::for_each(m_decoded, [this](size_t i) { detach(i); });
         kept.m_folders = std::move(m_folders);
         kept.m_bytes = std::move(m_bytes);
     }
 
 private:
+    void detach(size_t i)
+    {
+        m_bytes[i].json.detach();
+        if (std::optional<Base64Bytes> &picture = m_folders[qsizetype(i)].customIconData)
+            picture->detach();
+    }
+
     const KeptFolders &m_kept;
     Finder m_finder;
     QList<DockFolder> m_folders;

@@ -13,8 +13,9 @@ namespace {
 // Reads the records. Whatever is wrong ends as InvalidJSON.
 class LibraryDecoder {
 public:
-    LibraryDecoder(QByteArrayView utf8, FolderReceiver &receiver)
-        : m_reader(utf8)
+    LibraryDecoder(const QByteArray &utf8, FolderReceiver &receiver)
+        : m_utf8(utf8)
+        , m_reader(utf8)
         , m_receiver(receiver)
     {
     }
@@ -35,9 +36,11 @@ private:
 
     QUuid readUUID();
     QByteArray readBytes();
+    Base64Bytes readPicture();
     FileURL readURL();
     DockFolderItem::Kind readKind();
 
+    const QByteArray &m_utf8;
     JSONReader m_reader;
     FolderReceiver &m_receiver;
 };
@@ -126,7 +129,7 @@ DockFolder LibraryDecoder::readFolder()
             folder.iconSymbol = readOptional(readText);
             break;
         case FolderKey::customIconData:
-            folder.customIconData = readOptional([this] { return readBytes(); });
+            folder.customIconData = readOptional([this] { return readPicture(); });
             break;
         case FolderKey::gridColumns:
             folder.gridColumns = readOptional([this] { return m_reader.readInteger(); });
@@ -169,6 +172,14 @@ QByteArray LibraryDecoder::readBytes()
     return required(bytesFromBase64(m_reader.readUTF8()));
 }
 
+Base64Bytes LibraryDecoder::readPicture()
+{
+    const QByteArrayView rest = m_reader.rest(); // after blanks, which readNull has skipped
+    const QByteArrayView text = m_reader.readUTF8();
+    const QByteArrayView string = rest.chopped(m_reader.rest().size());
+    return required(Base64Bytes::inFile(m_utf8, string, text));
+}
+
 FileURL LibraryDecoder::readURL()
 {
     const QByteArrayView text = m_reader.readUTF8();
@@ -194,7 +205,7 @@ struct FolderCollector final : FolderReceiver {
 
 } // namespace
 
-std::optional<QUuid> decodeFolders(QByteArrayView utf8, FolderReceiver &receiver)
+std::optional<QUuid> decodeFolders(const QByteArray &utf8, FolderReceiver &receiver)
 {
     try {
         return LibraryDecoder(utf8, receiver).readLibrary();

@@ -54,7 +54,7 @@ void encodeFolder(const DockFolder &folder, JSONWriter &writer)
     }
     if (folder.customIconData) {
         writer.writeRaw(R"(,"customIconData":)");
-        writer.writeBase64(*folder.customIconData);
+        writer.writeBase64(folder.customIconData->bytes());
     }
     if (folder.gridColumns) {
         writer.writeRaw(R"(,"gridColumns":)");

@@ -9,6 +9,7 @@ class JSONWriter;
 /// The library that the bytes of a library file hold. Nothing when they are not JSON, or when any
 /// required key is missing or any value is of the wrong type: there is no half-read library. Keys
 /// may come in any order, unknown ones are skipped, and of a key that comes twice the first counts.
+/// The pictures share the bytes.
 [[nodiscard]] std::optional<DockFolderLibrary> decodeLibrary(const QByteArray &bytes);
 
 /// The bytes for a library file: compact, keys in the order of the records' fields.
@@ -28,8 +29,8 @@ public:
 };
 
 /// Decodes a library, given in UTF-8, folder by folder; returns its `selectedFolderID`. Nothing
-/// when it is invalid: the folders received until then do not count.
-[[nodiscard]] std::optional<QUuid> decodeFolders(QByteArrayView utf8, FolderReceiver &receiver);
+/// when it is invalid: the folders received until then do not count. Their pictures share `utf8`.
+[[nodiscard]] std::optional<QUuid> decodeFolders(const QByteArray &utf8, FolderReceiver &receiver);
 
 /// What an encoded library has before, between and behind its folders.
 inline constexpr QByteArrayView libraryHead = R"({"folders":[)";

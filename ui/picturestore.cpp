@@ -14,10 +14,8 @@ QString PictureStore::pictureSource(const DockFolder &folder)
         return {};
     }
     Picture &picture = m_pictures[folder.id];
-    const QByteArray &bytes = *folder.customIconData;
-    if (picture.bytes.constData() == bytes.constData() && picture.bytes.size() == bytes.size())
-        return picture.source; // the same memory: nothing to compare
-    if (picture.bytes != bytes)
+    const Base64Bytes &bytes = *folder.customIconData;
+    if (picture.source.isEmpty() || picture.bytes != bytes)
         picture.source = uuidText(folder.id) + u'/' + QString::number(++m_version);
     picture.bytes = bytes;
     return picture.source;
@@ -40,6 +38,8 @@ QByteArray PictureStore::bytes(QStringView source) const
     const std::optional<QUuid> folderID = uuidFromText(source.left(uuidTextLength));
     if (!folderID)
         return {};
-    const QMutexLocker lock(&m_mutex);
-    return m_pictures.value(*folderID).bytes;
+    QMutexLocker lock(&m_mutex);
+    const Base64Bytes encoded = m_pictures.value(*folderID).bytes;
+    lock.unlock(); // decoding takes its time
+    return encoded.bytes();
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/base64bytes.h"
+
 #include <QByteArray>
 #include <QHash>
 #include <QMutex>
@@ -26,7 +28,7 @@ public:
 
 private:
     struct Picture {
-        QByteArray bytes{};
+        Base64Bytes bytes{};
         QString source{};
     };
 

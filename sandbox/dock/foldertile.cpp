@@ -75,7 +75,7 @@ QImage drawFolderTile(const DockFolder &folder, int side)
     QImage image = drawIconGround(accent.lighter(128), accent.darker(118), side);
     QPainter painter(&image);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-    const QImage picture = QImage::fromData(folder.customIconData.value_or(QByteArray()));
+    const QImage picture = QImage::fromData(folder.customIconData.value_or(Base64Bytes()).bytes());
     if (!picture.isNull())
         drawPicture(painter, picture, side);
     else if (folder.iconSymbol)

@@ -144,7 +144,8 @@ QJsonValue json(const DockFolder &folder)
     if (folder.iconSymbol)
         object.insert(u"iconSymbol", *folder.iconSymbol);
     if (folder.customIconData)
-        object.insert(u"customIconData", QString::fromLatin1(folder.customIconData->toBase64()));
+        object.insert(u"customIconData",
+                      QString::fromLatin1(folder.customIconData->bytes().toBase64()));
     if (folder.gridColumns)
         object.insert(u"gridColumns", *folder.gridColumns);
     return object;

@@ -45,6 +45,7 @@ void Base64Test::agreesWithQtForEveryLength()
         QCOMPARE(text, bytes.toBase64());
         QCOMPARE(text.size(), base64Length(size));
         QCOMPARE(bytesFromBase64(text), std::optional(bytes));
+        QVERIFY(isBase64(text));
     }
 }
 
@@ -91,6 +92,7 @@ void Base64Test::decodes()
     QFETCH(bool, isValid);
     QFETCH(QByteArray, expected);
     QCOMPARE(bytesFromBase64(text), isValid ? std::optional(expected) : std::nullopt);
+    QCOMPARE(isBase64(text), isValid);
 }
 
 void Base64Test::refusesAForeignCharacterAnywhere()
@@ -104,6 +106,7 @@ void Base64Test::refusesAForeignCharacterAnywhere()
                 && !(c < 128 && QChar(c).isLetterOrNumber())
                 && !(c == '=' && place == text.size() - 1);
             QCOMPARE(bytesFromBase64(changed).has_value(), !isForeign);
+            QCOMPARE(isBase64(changed), !isForeign);
         }
     }
 }

@@ -61,8 +61,10 @@ void DockFolderTest::equalityComparesEveryField_data()
     row("items", [](DockFolder &folder) { folder.items.clear(); });
     row("colour", [](DockFolder &folder) { folder.accentColorHex->append(u'x'); });
     row("symbol", [](DockFolder &folder) { folder.iconSymbol->append(u'x'); });
-    row("picture of the same size", [](DockFolder &folder) { (*folder.customIconData)[0] = 'x'; });
-    row("picture cut short", [](DockFolder &folder) { folder.customIconData->chop(1); });
+    row("picture of the same size",
+        [](DockFolder &folder) { folder.customIconData = QByteArray("xicture"); });
+    row("picture cut short",
+        [](DockFolder &folder) { folder.customIconData = QByteArray("pictur"); });
     row("columns", [](DockFolder &folder) { folder.gridColumns = 5; });
     row("item id", [](DockFolder &folder) { folder.items[0].id = QUuid(); });
     row("item name", [](DockFolder &folder) { folder.items[0].name += u'x'; });

@@ -94,7 +94,7 @@ DockFolderLibrary sampleLibrary(int folders = 4)
 bool isShared(const DockFolder &a, const DockFolder &b)
 {
     return a.items.constData() == b.items.constData()
-        && a.customIconData->constData() == b.customIconData->constData();
+        && a.customIconData->isSharedWith(*b.customIconData);
 }
 
 } // namespace

@@ -232,7 +232,7 @@ void AppearancePickersTest::loadingAnImageSelectsItsCell()
     m_scene->model->loadCustomImage(writeImage());
     QTRY_COMPARE(checked("Symbol"), QStringList{text("Load custom image…")});
     const DockFolder stored = m_scene->stored(m_folder);
-    QCOMPARE(QImage::fromData(stored.customIconData.value()).size(), QSize(256, 256));
+    QCOMPARE(QImage::fromData(stored.customIconData->bytes()).size(), QSize(256, 256));
     QCOMPARE(stored.iconSymbol, std::nullopt);
     m_scene->click(m_scene->cell(text("Star")));
     QCOMPARE(m_scene->stored(m_folder).customIconData, std::nullopt);

@@ -307,7 +307,7 @@ void FileIconTest::aFoldersPictureIsShownAndItsSuccessor()
 
 void FileIconTest::aDamagedPictureIsBroken()
 {
-    DockFolder folder{.id = QUuid::createUuid(), .customIconData = "noise"};
+    DockFolder folder{.id = QUuid::createUuid(), .customIconData = QByteArray("noise")};
     auto *const shown = create(R"(FolderPicture { width: 36; height: 36 })");
     shown->setProperty("source", m_pictures.pictureSource(folder));
     QTRY_VERIFY(shown->isBroken());

@@ -61,7 +61,7 @@ void PictureStoreTest::theSourceStaysWhileThePictureDoes()
     QVERIFY2(source.startsWith(uuidText(folder.id) + u'/'), qPrintable(source));
     folder.name = QStringLiteral("Renamed");
     QCOMPARE(m_pictures.pictureSource(folder), source);
-    folder.customIconData->detach(); // equal bytes in other memory, as after a reload
+    folder.customIconData = pngOf(Qt::red); // in other memory, as after a reload
     QCOMPARE(m_pictures.pictureSource(folder), source);
 }
 
@@ -78,7 +78,7 @@ void PictureStoreTest::anotherPictureHasASourceOfItsOwn()
     folder.customIconData = pngOf(Qt::red); // removed and given again
     sources.insert(m_pictures.pictureSource(folder));
     QCOMPARE(sources.size(), 5);
-    QCOMPARE(m_pictures.bytes(m_pictures.pictureSource(folder)), *folder.customIconData);
+    QCOMPARE(m_pictures.bytes(m_pictures.pictureSource(folder)), folder.customIconData->bytes());
 }
 
 void PictureStoreTest::picturesOfFoldersThatAreGoneAreLetGo()
@@ -88,7 +88,7 @@ void PictureStoreTest::picturesOfFoldersThatAreGoneAreLetGo()
     const QString staying = m_pictures.pictureSource(stays);
     const QString going = m_pictures.pictureSource(goes);
     m_pictures.keepOnly({folderWith({}), stays});
-    QCOMPARE(m_pictures.bytes(staying), *stays.customIconData);
+    QCOMPARE(m_pictures.bytes(staying), stays.customIconData->bytes());
     QCOMPARE(m_pictures.bytes(going), QByteArray());
     QCOMPARE(m_pictures.pictureSource(stays), staying);
     QVERIFY(m_pictures.pictureSource(goes) != going);
@@ -101,7 +101,7 @@ void PictureStoreTest::theBytesAreShared()
     const DockFolder folder = folderWith(pngOf(Qt::red));
     const QByteArray bytes = m_pictures.bytes(m_pictures.pictureSource(folder));
     QCOMPARE(static_cast<const void *>(bytes.constData()),
-             static_cast<const void *>(folder.customIconData->constData()));
+             static_cast<const void *>(folder.customIconData->bytes().constData()));
 }
 
 void PictureStoreTest::unknownSourcesHaveNoBytes_data()
