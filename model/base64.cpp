@@ -2,6 +2,7 @@
 
 #include <QtEndian>
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 #include <string_view>
@@ -111,15 +112,25 @@ char *writeRest(char *out, QByteArrayView rest)
 
 // NOLINTEND(cppcoreguidelines-pro-bounds-constant-array-index)
 
-// Without a branch or a table, so that the compiler makes many steps at a time of it.
-bool isInAlphabet(char character)
+// Sixteen characters at a time, in a type of GCC's and Clang's that stands for the registers of
+// whichever processor.
+using Block [[gnu::vector_size(16)]] = unsigned char;
+
+// All bits set where a character is of the alphabet.
+Block markedAlphabet(const char *text)
 {
-    const auto c = static_cast<unsigned char>(character);
-    const auto isBetween = [c](unsigned char first, unsigned char last) {
-        return static_cast<unsigned char>(c - first) <= static_cast<unsigned char>(last - first);
-    };
-    return isBetween('A', 'Z') | isBetween('a', 'z') | isBetween('0', '9') | (c == '+')
-        | (c == '/'); // NOLINT(hicpp-signed-bitwise)
+    Block c{};
+    std::memcpy(&c, text, sizeof c);
+    constexpr unsigned char toLower = 0x20;
+    return Block((c | toLower) - 'a' <= 'z' - 'a') | Block(c - '0' <= '9' - '0') | Block(c == '+')
+        | Block(c == '/');
+}
+
+bool isAllMarked(const Block &block)
+{
+    std::array<quint64, 2> halves{};
+    std::memcpy(halves.data(), &block, sizeof block);
+    return (halves.at(0) & halves.at(1)) == ~quint64{};
 }
 
 } // namespace
@@ -130,10 +141,13 @@ bool isBase64(QByteArrayView text)
         return false;
     for (int fill = 0; fill < 2 && text.endsWith('='); ++fill)
         text.chop(1);
-    bool isPlain = true;
-    for (const char c : text)
-        isPlain &= isInAlphabet(c);
-    return isPlain;
+    Block marked = ~Block{};
+    for (; text.size() >= qsizetype(sizeof(Block)); text = text.sliced(sizeof(Block)))
+        marked &= markedAlphabet(text.data());
+    std::array<char, sizeof(Block)> rest{};
+    rest.fill(alphabet.front());
+    std::ranges::copy(text, rest.begin());
+    return isAllMarked(marked & markedAlphabet(rest.data()));
 }
 
 std::optional<QByteArray> bytesFromBase64(QByteArrayView text)
