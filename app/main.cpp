@@ -1,6 +1,9 @@
 #include "i18n/translations.h"
+#include "model/libraryfile.h"
 #include "platform/announcer.h"
 #include "platform/appearance.h"
+#include "platform/directories.h"
+#include "platform/filesystem.h"
 #include "platform/platform.h"
 #include "store/companionengine.h"
 #include "system/installedapplications.h"
@@ -67,17 +70,20 @@ int main(int argc, char *argv[])
         answerCommandLine(QCoreApplication::arguments());
     }
 
+    // The library and the window's types are read on threads of their own, while this one makes
+    // contact with the display and reads the fonts.
+    PlatformFiles files = makePlatformFiles();
+    LibraryFile folderLibrary(*files.files, *files.directories);
+    folderLibrary.beginLoading();
+
     QGuiApplication application(argc, argv);
     const Translations translations(application);
     answerCommandLine(QCoreApplication::arguments()); // without the toolkit's own
-    Platform platform = makePlatform();
-    CompanionEngine companion(platform, EventTurns::Start::OnRelease);
+    Platform platform = makePlatform(std::move(files));
+    CompanionEngine companion(platform, EventTurns::Start::OnRelease, std::move(folderLibrary));
     PictureStore pictures;
     SystemPanels panels(platform);
 
-    // The library and the window's types are read on threads of their own, while this one reads the
-    // fonts.
-    companion.folderLibrary.beginLoading();
     QQmlEngine engine;
     addWindowTypes(engine);
     addImageProviders(engine, *platform.workspace, pictures);

@@ -98,6 +98,8 @@ LibraryFile::LibraryFile(const FileSystem &files, const Directories &directories
 }
 
 LibraryFile::~LibraryFile() = default;
+LibraryFile::LibraryFile(LibraryFile &&) noexcept = default;
+LibraryFile &LibraryFile::operator=(LibraryFile &&) noexcept = default;
 
 FileURL LibraryFile::url() const
 {
@@ -120,7 +122,8 @@ LibraryFile::Contents LibraryFile::load()
 
 void LibraryFile::beginLoading()
 {
-    m_state->loading = std::async(std::launch::async, [this] { return m_state->readFolders(); });
+    m_state->loading
+        = std::async(std::launch::async, [state = m_state.get()] { return state->readFolders(); });
 }
 
 void LibraryFile::save(const DockFolderLibrary &library)

@@ -15,6 +15,8 @@ class LibraryFile {
 public:
     LibraryFile(const FileSystem &files, const Directories &directories);
     ~LibraryFile();
+    LibraryFile(LibraryFile &&) noexcept;
+    LibraryFile &operator=(LibraryFile &&) noexcept;
 
     /// "Nestlet.json" in `directory()`.
     [[nodiscard]] FileURL url() const;

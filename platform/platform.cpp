@@ -16,7 +16,18 @@
 #include "platform/userdefaults.h"
 #include "platform/workspace.h"
 
-// Here, where the interfaces are complete, so that users of the struct need only those they use.
+#include <utility>
+
+// Here, where the interfaces are complete, so that users of the structs need only those they use.
+PlatformFiles::PlatformFiles() = default;
+PlatformFiles::~PlatformFiles() = default;
+PlatformFiles::PlatformFiles(PlatformFiles &&) noexcept = default;
+PlatformFiles &PlatformFiles::operator=(PlatformFiles &&) noexcept = default;
+
+Platform::Platform(PlatformFiles platformFiles)
+    : PlatformFiles(std::move(platformFiles))
+{
+}
 Platform::Platform() = default;
 Platform::~Platform() = default;
 Platform::Platform(Platform &&) noexcept = default;

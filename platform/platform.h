@@ -21,15 +21,25 @@ class URLFetcher;
 class UserDefaults;
 class Workspace;
 
+/// What can be used before there is an application object.
+struct PlatformFiles {
+    PlatformFiles();
+    ~PlatformFiles();
+    PlatformFiles(PlatformFiles &&) noexcept;
+    PlatformFiles &operator=(PlatformFiles &&) noexcept;
+
+    std::unique_ptr<Directories> directories;
+    std::unique_ptr<FileSystem> files;
+};
+
 /// Everything that only the operating system can do, one interface per facility.
-struct Platform {
+struct Platform : PlatformFiles {
     Platform();
+    explicit Platform(PlatformFiles platformFiles);
     ~Platform();
     Platform(Platform &&) noexcept;
     Platform &operator=(Platform &&) noexcept;
 
-    std::unique_ptr<Directories> directories;
-    std::unique_ptr<FileSystem> files;
     std::unique_ptr<ProcessRunner> processes;
     std::unique_ptr<Workspace> workspace;
     std::unique_ptr<RunningApplications> applications;
@@ -48,5 +58,6 @@ struct Platform {
     std::optional<QUrl> updateFeed; ///< in place of the built-in one; a portable system only
 };
 
+[[nodiscard]] PlatformFiles makePlatformFiles();
 /// The platform this program was built for. Needs the application object; main thread.
-[[nodiscard]] Platform makePlatform();
+[[nodiscard]] Platform makePlatform(PlatformFiles files = makePlatformFiles());

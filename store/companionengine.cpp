@@ -10,7 +10,13 @@
 #include "platform/workspace.h"
 
 CompanionEngine::CompanionEngine(Platform &platform, EventTurns::Start longOperations)
-    : folderLibrary(*platform.files, *platform.directories)
+    : CompanionEngine(platform, longOperations, LibraryFile(*platform.files, *platform.directories))
+{
+}
+
+CompanionEngine::CompanionEngine(Platform &platform, EventTurns::Start longOperations,
+                                 LibraryFile file)
+    : folderLibrary(std::move(file))
     , codeSign(*platform.processes, *platform.files, *platform.directories)
     , templateApp({.files = *platform.files,
                    .directories = *platform.directories,

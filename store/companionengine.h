@@ -15,6 +15,8 @@ struct CompanionEngine {
     /// Not started. The platform is borrowed and outlives the engine. `longOperations` says whether
     /// Dock apps are built at once or after `proxies.release()`.
     CompanionEngine(Platform &platform, EventTurns::Start longOperations);
+    /// With a library that may have begun to load.
+    CompanionEngine(Platform &platform, EventTurns::Start longOperations, LibraryFile file);
     ~CompanionEngine();
     Q_DISABLE_COPY_MOVE(CompanionEngine)
 

@@ -16,11 +16,17 @@
 #include "platform/qt/qtclock.h"
 #include "platform/qt/qturlfetcher.h"
 
-Platform makePlatform()
+PlatformFiles makePlatformFiles()
 {
-    Platform platform;
-    platform.directories = std::make_unique<MacDirectories>();
-    platform.files = std::make_unique<MacFileSystem>();
+    PlatformFiles files;
+    files.directories = std::make_unique<MacDirectories>();
+    files.files = std::make_unique<MacFileSystem>();
+    return files;
+}
+
+Platform makePlatform(PlatformFiles files)
+{
+    Platform platform(std::move(files));
     platform.processes = std::make_unique<MacProcessRunner>();
     platform.workspace = std::make_unique<MacWorkspace>();
     platform.applications = std::make_unique<MacRunningApplications>();

@@ -31,12 +31,18 @@ FileURL preferencesFile(const Directories &directories, const QString &domain)
 
 } // namespace
 
-Platform makePlatform()
+PlatformFiles makePlatformFiles()
+{
+    PlatformFiles files;
+    files.directories = std::make_unique<PortableDirectories>(standInRoot());
+    files.files = std::make_unique<PosixFileSystem>();
+    return files;
+}
+
+Platform makePlatform(PlatformFiles files)
 {
     const QString root = standInRoot();
-    Platform platform;
-    platform.directories = std::make_unique<PortableDirectories>(root);
-    platform.files = std::make_unique<PosixFileSystem>();
+    Platform platform(std::move(files));
     platform.processes = std::make_unique<PortableProcessRunner>(root);
     platform.applications = std::make_unique<PortableRunningApplications>(root);
     platform.workspace = std::make_unique<PortableWorkspace>(root, *platform.applications);
