@@ -47,6 +47,7 @@ ListView {
     topMargin: root.ringRoom
     bottomMargin: Theme.selectionInset
     reuseItems: true
+    cacheBuffer: 0 // the first frame waits for no row that is not seen; later ones are used again
     model: root.companion.folders
     highlightFollowsCurrentItem: false
     Accessible.role: Accessible.List
