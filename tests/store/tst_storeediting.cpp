@@ -265,7 +265,8 @@ void StoreEditingTest::aPictureReplacesTheSymbolAndViceVersa()
     store().setIconSymbol(firstID(), QStringLiteral("gear"));
     store().setCustomIcon(firstID(), QByteArrayLiteral("png"));
     QCOMPARE(store().folders().first().iconSymbol, std::nullopt);
-    QCOMPARE(store().folders().first().customIconData, std::optional<Base64Bytes>(QByteArray("png")));
+    QCOMPARE(store().folders().first().customIconData,
+             std::optional<Base64Bytes>(QByteArray("png")));
     store().setIconSymbol(firstID(), QStringLiteral("globe"));
     QCOMPARE(store().folders().first().iconSymbol, QStringLiteral("globe"));
     QCOMPARE(store().folders().first().customIconData, std::nullopt);
