@@ -69,7 +69,9 @@ FocusScope {
     }
 
     FolderItemGridCell {
-        x: Math.round((root.width - root.spacing - width) / 2)
+        readonly property real leading: Math.round((root.width - root.spacing - width) / 2)
+
+        x: root.LayoutMirroring.enabled ? root.width - width - leading : leading
         focus: true
         shift: Qt.point(Math.round(root.shownX - root.x), Math.round(root.shownY - root.y))
         itemID: root.itemID

@@ -125,7 +125,8 @@ Item {
     GridView {
         id: grid
         objectName: "itemGrid"
-        x: root.inset
+        anchors.left: parent.left
+        anchors.leftMargin: root.inset
         y: root.inset + Math.max(0, Math.min(root.viewportTop - root.inset, root.rowsHeight - height))
         width: root.columns * cellWidth
         height: Math.min(root.viewportHeight, root.rowsHeight)

@@ -146,8 +146,7 @@ class ScalingTest(unittest.TestCase):
         self.assertEqual(mirrored.keys(), look_at("1.5").places.keys())
         for control, (left, top, width, height) in look_at("1.5").places.items():
             expected = (SIZE[0] - left - width, top, width, height)
-            if control != ("list", "Items"):  # nothing of it is seen but the items
-                self.assert_near(mirrored[control], expected, control, tolerance=2)
+            self.assert_near(mirrored[control], expected, control)
 
     def assert_near(self, place, expected, control, tolerance=1):
         self.assertTrue(all(abs(edge - other) <= tolerance for edge, other in zip(place, expected)),
