@@ -241,7 +241,7 @@ void ImageBrowserModelTest::looksAtNoFileOnTheMainThread()
     make(QStringLiteral("a.png"));
     std::atomic_bool isOnMainThread = false;
     m_platform->files.onCall = [&](const FakeFileSystem::Call &) {
-        if (QThread::currentThread() == qApp->thread())
+        if (QThread::currentThread() == QCoreApplication::instance()->thread())
             isOnMainThread = true;
     };
     begin();
