@@ -6,7 +6,7 @@
 /// and no sockets. Redirections are followed; a body above the limit counts as no answer.
 class QtURLFetcher final : public URLFetcher {
 public:
-    static constexpr qint64 largestBody = 1024 * 1024;
+    static constexpr qint64 largestBody = qint64{1024} * 1024;
 
     [[nodiscard]] QCoro::Task<std::optional<QByteArray>> fetch(QUrl url) override;
 };

@@ -2,7 +2,6 @@
 #include "tests/sandbox/standin.h"
 
 #include <QDir>
-#include <QElapsedTimer>
 
 #include <csignal>
 
@@ -92,10 +91,6 @@ void SandboxDockTest::comesBackWhenItIsKilled()
     QFETCH(int, signal);
     const qint64 before = dock();
     QCOMPARE(kill(static_cast<pid_t>(before), signal), 0);
-    QElapsedTimer timer;
-    timer.start();
-    QTRY_VERIFY(dock() != 0 && dock() != before);
-    QVERIFY2(timer.elapsed() < 1000, qPrintable(QString::number(timer.elapsed())));
     QVERIFY(waitForNext(before));
 }
 
