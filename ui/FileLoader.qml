@@ -9,6 +9,7 @@ Loader {
     required property string file
     /// What it is made with, and told when it changes.
     property var properties: ({})
+    property bool isComplete: false // the properties are known only then
 
     function load() {
         if (root.file === "")
@@ -22,9 +23,17 @@ Loader {
             root.item[name] = root.properties[name];
     }
 
-    onFileChanged: root.load()
+    onFileChanged: {
+        if (root.isComplete)
+            root.load();
+    }
     onPropertiesChanged: {
         if (root.item)
             root.tell();
+    }
+    Component.onCompleted: {
+        root.isComplete = true;
+        if (root.file !== "")
+            root.load();
     }
 }

@@ -21,10 +21,11 @@ QObject *sharedPopup(const QObject *item)
     return popup;
 }
 
-// Whose tag the popup shows, or showed last.
-QQuickItem *owner(const QObject *popup)
+// Whether another item has taken the popup.
+bool isTaken(const QObject *popup, const QObject *item)
 {
-    return popup->property("parent").value<QQuickItem *>();
+    const auto *const owner = popup->property("parent").value<QQuickItem *>();
+    return owner && owner != item;
 }
 
 } // namespace
@@ -36,8 +37,7 @@ HelpTag::HelpTag(QObject *item)
 
 HelpTag::~HelpTag()
 {
-    if (m_popup)
-        m_popup->setProperty("visible", false);
+    hide();
 }
 
 void HelpTag::setText(const QString &text)
@@ -67,10 +67,9 @@ void HelpTag::show()
     m_popup->setProperty("visible", true);
 }
 
-// Another item may have taken the popup meanwhile.
 void HelpTag::hide()
 {
-    if (m_popup && owner(m_popup) == parent())
+    if (m_popup && !isTaken(m_popup, parent()))
         m_popup->setProperty("visible", false);
     m_popup = nullptr;
 }
