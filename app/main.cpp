@@ -25,6 +25,7 @@
 #include <chrono>
 #include <memory>
 #include <string_view>
+#include <utility>
 
 using namespace std::chrono_literals;
 

@@ -2,8 +2,8 @@ import QtQuick
 import QtQuick.Templates as T
 import Nestlet.Companion
 
-/// Makes the window's own colour panel when it is first asked for; its files are read no sooner.
-Loader {
+/// Makes the window's own colour panel when it is first asked for.
+FileLoader {
     id: root
 
     required property string hex
@@ -12,12 +12,8 @@ Loader {
     signal changed(hex: string)
 
     function show() {
-        if (!root.active)
-            root.setSource("ColorPanel.qml", {
-                "parent": root.swatch
-            });
         root.swatch.forceActiveFocus(Qt.OtherFocusReason); // to which the focus comes back
-        root.active = true;
+        root.file = "ColorPanel.qml";
         root.panel.open();
     }
     function close() {
@@ -25,14 +21,12 @@ Loader {
             root.panel.close();
     }
 
-    active: false
+    file: ""
+    properties: ({
+            "parent": root.swatch,
+            "hex": root.hex
+        })
 
-    Binding {
-        target: root.panel
-        property: "hex"
-        value: root.hex
-        when: root.panel !== null
-    }
     Connections {
         target: root.panel
         ignoreUnknownSignals: true

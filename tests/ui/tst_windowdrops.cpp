@@ -59,6 +59,15 @@ private:
     {
         return m_window->evaluate(QStringLiteral("Theme.rowHeight")).toReal();
     }
+    /// More than the list has room for, "Folder 0" and so on.
+    QList<DockFolder> showManyFolders()
+    {
+        QList<DockFolder> many;
+        for (int number = 0; number < 60; ++number)
+            many.append(folderNamed(QStringLiteral("Folder %1").arg(number)));
+        m_window->changeFromOutside(many);
+        return many;
+    }
     /// The rows that look like drop targets, or begin to.
     [[nodiscard]] QStringList highlighted()
     {
@@ -236,10 +245,7 @@ void WindowDropsTest::theLookTellsOfTheDragAndOfTheDock()
 
 void WindowDropsTest::scrollingUnderAStillDragTakesTheHighlightAlong()
 {
-    QList<DockFolder> many;
-    for (int number = 0; number < 60; ++number)
-        many.append(folderNamed(QStringLiteral("Folder %1").arg(number)));
-    m_window->changeFromOutside(many);
+    showManyFolders();
     IncomingDrag drag(*m_window->window, "file:///tmp/x");
     const QPoint place = rowCentre(QStringLiteral("Folder 3"));
     QVERIFY(drag.enter(place));
@@ -255,10 +261,7 @@ void WindowDropsTest::scrollingUnderAStillDragTakesTheHighlightAlong()
 
 void WindowDropsTest::aDropGoesToTheRowThatWasScrolledUnderIt()
 {
-    QList<DockFolder> many;
-    for (int number = 0; number < 60; ++number)
-        many.append(folderNamed(QStringLiteral("Folder %1").arg(number)));
-    m_window->changeFromOutside(many);
+    const QList<DockFolder> many = showManyFolders();
     IncomingDrag drag(*m_window->window, "file:///tmp/x");
     const QPoint place = rowCentre(QStringLiteral("Folder 3"));
     QVERIFY(drag.enter(place));
