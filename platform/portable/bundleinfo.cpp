@@ -56,7 +56,7 @@ std::optional<FileURL> bundleIconFile(const FileURL &bundle)
         return std::nullopt;
     const FileURL resources = contentsOf(bundle).appendingDirectory(QStringLiteral("Resources"));
     const PosixFileSystem files;
-    for (const QString &fileName : {name, name + QStringLiteral(".icns")}) {
+    for (const QString &fileName : {name, QString(name + QStringLiteral(".icns"))}) {
         const FileURL file = resources.appendingFile(fileName);
         if (files.exists(file) && !files.isDirectory(file))
             return file;

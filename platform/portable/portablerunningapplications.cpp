@@ -83,7 +83,7 @@ QList<qint64> ownProcessIDs()
 bool holdsEntry(const QByteArray &environment, const char *name, const QString &value)
 {
     const QByteArray entry = QByteArray(name) + '=' + value.toUtf8() + '\0';
-    return environment.startsWith(entry) || environment.contains('\0' + entry);
+    return environment.startsWith(entry) || environment.contains(QByteArray('\0' + entry));
 }
 
 // The id could meanwhile belong to another process: what is opened stays the process it was, and

@@ -156,8 +156,8 @@ QByteArray parentOf(const QByteArray &path)
 void requireOutside(const QByteArray &from, const QByteArray &to)
 {
     const QByteArray source = resolvedPath(from);
-    const QByteArray parent = resolvedPath(parentOf(to));
-    if (!source.isEmpty() && (parent + '/').startsWith(source == "/" ? source : source + '/'))
+    const QByteArray parent = resolvedPath(parentOf(to)) + '/';
+    if (!source.isEmpty() && parent.startsWith(source == "/" ? source : source + '/'))
         throw systemError(Action::CopyIntoItself, from, EINVAL);
 }
 

@@ -1,0 +1,1 @@
+// Compiles the headers that all targets share; see CompanionRooms.cmake.
