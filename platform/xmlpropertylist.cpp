@@ -70,7 +70,7 @@ public:
         const bool isWrapped = m_xml.name() == u"plist";
         if (isWrapped)
             requireElement();
-        const QVariant value = readValue(0);
+        QVariant value = readValue(0);
         if (isWrapped && nextElement())
             fail(QCoreApplication::translate("PlatformError", "More than one value"));
         while (!m_xml.atEnd() && !m_xml.hasError())
@@ -106,7 +106,7 @@ private:
 
     QString readText()
     {
-        const QString text = m_xml.readElementText();
+        QString text = m_xml.readElementText();
         if (m_xml.hasError())
             fail(m_xml.errorString());
         return text;

@@ -147,10 +147,11 @@ void FolderDetailModel::removeItem(const QString &itemID)
 
 void FolderDetailModel::moveItem(const QString &itemID, int index)
 {
+    const std::optional<QUuid> id = uuidFromText(itemID);
     const int source = m_items.rowOf(itemID);
     const int target = std::clamp(index, 0, std::max(itemCount() - 1, 0));
-    if (source >= 0 && source != target)
-        m_store.moveItem(m_folder.id, *uuidFromText(itemID), target > source ? target + 1 : target);
+    if (id && source >= 0 && source != target)
+        m_store.moveItem(m_folder.id, *id, target > source ? target + 1 : target);
 }
 
 void FolderDetailModel::setIconSymbol(const QString &symbol)

@@ -13,7 +13,7 @@ QImage PictureCache::findOrMake(const PictureRequest &request)
 {
     if (const std::optional<QImage> known = find(request.key))
         return *known;
-    const QImage picture = request.make();
+    QImage picture = request.make();
     insert(request.key, picture);
     return picture;
 }

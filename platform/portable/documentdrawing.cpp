@@ -106,7 +106,7 @@ void drawPDF(QPainter &painter, int side)
     if (side >= leastDetailedSide) {
         // The three letters as strokes: no font is needed, and none is as crisp.
         setStroke(painter, Qt::white, 3.6);
-        painter.drawPolyline(QPolygonF({{32, 84}, {32, 68}}));
+        painter.drawLine(QPointF(32, 84), QPointF(32, 68));
         painter.drawArc(QRectF(27, 68, 13, 9), -90 * 16, 180 * 16);
         painter.drawLine(QPointF(32, 68), QPointF(34, 68));
         painter.drawLine(QPointF(32, 77), QPointF(34, 77));

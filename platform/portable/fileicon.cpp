@@ -20,7 +20,7 @@ QImage fitted(const QImage &picture, int side)
 {
     if (picture.isNull() || picture.size() == QSize(side, side))
         return picture;
-    const QImage scaled = picture.convertToFormat(QImage::Format_ARGB32_Premultiplied)
+    QImage scaled = picture.convertToFormat(QImage::Format_ARGB32_Premultiplied)
                               .scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation);
     if (scaled.width() == scaled.height())
         return scaled;
@@ -43,7 +43,7 @@ QImage ownIcon(const FileURL &directory, int side)
 
 QImage directoryIcon(const FileURL &directory, int side)
 {
-    const QImage own = ownIcon(directory, side);
+    QImage own = ownIcon(directory, side);
     if (!own.isNull())
         return own;
     return hasExtension(directory, QLatin1StringView("app")) ? drawnApplicationIcon(side)

@@ -130,22 +130,22 @@ void sortForSide(QList<Element> &elements, int side)
 
 } // namespace
 
-QImage iconFilePicture(const FileURL &url, int side)
+QImage iconFilePicture(const FileURL &file, int side)
 {
-    QFile file(url.path());
-    if (!file.open(QIODevice::ReadOnly))
+    QFile device(file.path());
+    if (!device.open(QIODevice::ReadOnly))
         return {};
-    const QList<Element> elements = elementsOf(file);
+    const QList<Element> elements = elementsOf(device);
     QList<Element> pictures = elements;
     pictures.removeIf([](const Element &element) { return element.side == 0; });
     sortForSide(pictures, side);
     for (const Element &element : pictures) {
-        const QImage picture = pictureOf(file, elements, element);
+        QImage picture = pictureOf(device, elements, element);
         if (!picture.isNull())
             return picture;
     }
-    if (isIconFile(file) && !holdsPalettePicture(elements))
+    if (isIconFile(device) && !holdsPalettePicture(elements))
         return {}; // the toolkit's own reader is chatty about damaged ones
-    file.seek(0);
-    return QImageReader(&file).read();
+    device.seek(0);
+    return QImageReader(&device).read();
 }

@@ -39,7 +39,7 @@ std::optional<FileURL> findApplication(const FileURL &directory, const QString &
     for (const FileURL &url : entries) {
         if (levelsBelow == 0 || isApplication(url) || !url.hasDirectoryPath())
             continue;
-        if (const auto found = findApplication(url, identifier, levelsBelow - 1))
+        if (auto found = findApplication(url, identifier, levelsBelow - 1))
             return found;
     }
     return std::nullopt;
@@ -47,7 +47,7 @@ std::optional<FileURL> findApplication(const FileURL &directory, const QString &
 
 QString requiredText(const QVariantMap &info, const QString &key, const FileURL &bundle)
 {
-    const QString text = info.value(key).toString();
+    QString text = info.value(key).toString();
     if (text.isEmpty() || text.contains(u'/'))
         throw PlatformError(
             PlatformError::Action::Launch, bundle.path(),
@@ -90,7 +90,7 @@ PortableWorkspace::applicationWithBundleIdentifier(const QString &bundleIdentifi
          {QStringLiteral("/Applications"), QStringLiteral("/System/Applications"),
           QStringLiteral("/Users/me/Applications")}) {
         const FileURL directory = FileURL::directory(m_root + folder);
-        if (const auto found = findApplication(directory, bundleIdentifier, 1))
+        if (auto found = findApplication(directory, bundleIdentifier, 1))
             return found;
     }
     return std::nullopt;
