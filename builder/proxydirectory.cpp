@@ -40,7 +40,9 @@ QList<FileURL> ProxyDirectory::installedProxyURLs(const QUuid &folderID) const
 QHash<QUuid, QList<FileURL>> ProxyDirectory::installedProxies() const
 {
     const QList<KnownBundle> &bundles = look();
-    QHash<QUuid, QList<FileURL>> proxies;
+    if (m_installed)
+        return *m_installed;
+    QHash<QUuid, QList<FileURL>> &proxies = m_installed.emplace();
     proxies.reserve(bundles.size());
     for (const KnownBundle &bundle : bundles) {
         if (bundle.entry.folderID)
@@ -64,6 +66,7 @@ const QList<ProxyDirectory::KnownBundle> &ProxyDirectory::look() const
     QList<KnownBundle> before = std::exchange(m_known, {});
     m_known.reserve(urls.size());
     auto next = before.begin();
+    bool isSame = true;
     for (const FileURL &url : urls) {
         // Listings keep their order, so this is nearly always the next one. One that moved to the
         // front is read again.
@@ -72,14 +75,17 @@ const QList<ProxyDirectory::KnownBundle> &ProxyDirectory::look() const
         });
         if (found != before.end()) {
             m_known.append(std::move(*found));
+            isSame &= found == next;
             next = found + 1;
         } else if (url.pathExtension() == u"app") {
             m_known.append({.entry = {.url = url}, .infoPlist = infoPlistURL(url)});
         } else {
             continue;
         }
-        refresh(m_known.last());
+        isSame &= !refresh(m_known.last());
     }
+    if (!isSame || next != before.end())
+        m_installed.reset();
     return m_known;
 }
 
@@ -90,12 +96,13 @@ QList<FileURL> ProxyDirectory::listing() const
     return urls;
 }
 
-void ProxyDirectory::refresh(KnownBundle &bundle) const
+bool ProxyDirectory::refresh(KnownBundle &bundle) const
 {
     // The state is taken before the bytes: what changes in between is noticed at the next look.
     const auto identity = m_files.identity(bundle.infoPlist);
     if (identity == bundle.identity)
-        return;
+        return false;
     bundle.entry.folderID = identity ? readFolderID(bundle.entry.url, m_files) : std::nullopt;
     bundle.identity = identity;
+    return true;
 }

@@ -39,9 +39,11 @@ private:
     };
     const QList<KnownBundle> &look() const;
     [[nodiscard]] QList<FileURL> listing() const;
-    void refresh(KnownBundle &bundle) const;
+    /// Whether the bundle was changed, or had not been read.
+    bool refresh(KnownBundle &bundle) const;
 
     const FileSystem &m_files;
     const Directories &m_directories;
     mutable QList<KnownBundle> m_known; ///< what the last look found, in listing order
+    mutable std::optional<QHash<QUuid, QList<FileURL>>> m_installed; ///< of m_known, when asked for
 };

@@ -59,16 +59,28 @@ bool staysUnescaped(char c)
     return unescapedBytes[static_cast<unsigned char>(c)];
 }
 
-// Appends by hand, since a scan makes thousands of URLs: QByteArray's way takes four buffers and
-// several times as long.
-void appendEscaped(QString &text, QByteArrayView name)
+char byteOf(char c)
+{
+    return c;
+}
+
+char byteOf(QChar c)
+{
+    return c.toLatin1();
+}
+
+// Writes by hand, since a scan makes thousands of URLs: QByteArray's way takes four buffers and
+// several times as long. The name is in UTF-8 or, if all of it is ASCII, in either encoding.
+template <typename Name> void appendEscapedBytes(QString &text, Name name)
 {
     constexpr QStringView digits{u"0123456789ABCDEF"};
-    const qsizetype escapes = name.size() - std::ranges::count_if(name, staysUnescaped);
+    const qsizetype escapes = std::ranges::count_if(
+        name, [](auto character) { return !staysUnescaped(byteOf(character)); });
     const qsizetype start = text.size();
     text.resize(start + name.size() + 2 * escapes);
     QChar *out = text.data() + start;
-    for (const char c : name) {
+    for (const auto character : name) {
+        const char c = byteOf(character);
         if (staysUnescaped(c)) {
             *out++ = QLatin1Char(c);
             continue;
@@ -80,11 +92,61 @@ void appendEscaped(QString &text, QByteArrayView name)
     }
 }
 
+void appendEscaped(QString &text, QByteArrayView name)
+{
+    appendEscapedBytes(text, name);
+}
+
+void appendEscaped(QString &text, QStringView name)
+{
+    if (std::ranges::all_of(name, [](QChar c) { return c < QChar(128); }))
+        appendEscapedBytes(text, name);
+    else
+        appendEscapedBytes(text, QByteArrayView(name.toUtf8()));
+}
+
+int hexValue(char digit)
+{
+    return digit <= '9' ? digit - '0' : (digit | 0x20) - 'a' + 10;
+}
+
+// Every URL's text is ASCII and its escapes are whole (see isURLText).
+QByteArray unescaped(QStringView text)
+{
+    QByteArray bytes = text.toLatin1();
+    const qsizetype firstEscape = bytes.indexOf('%');
+    if (firstEscape < 0)
+        return bytes;
+    char *out = bytes.data() + firstEscape;
+    for (const char *in = out; in != bytes.constEnd(); ++in) {
+        if (*in == '%') {
+            *out++ = static_cast<char>(hexValue(in[1]) << 4 | hexValue(in[2]));
+            in += 2;
+        } else {
+            *out++ = *in;
+        }
+    }
+    bytes.truncate(out - bytes.constData());
+    return bytes;
+}
+
 QString escaped(const QString &path)
 {
     QString text;
-    appendEscaped(text, path.toUtf8());
+    appendEscaped(text, path);
     return text;
+}
+
+template <typename Name>
+QString entryText(const QString &before, Name name, bool isDirectory, const QString &after)
+{
+    QString text;
+    text.reserve(before.size() + name.size() + name.size() / 2 + after.size() + 1); // some escapes
+    text.append(before);
+    appendEscaped(text, name);
+    if (isDirectory)
+        text.append(u'/');
+    return text.append(after);
 }
 
 // The length of "scheme:", 0 when a text has none: a colon further on belongs to a path.
@@ -201,9 +263,7 @@ bool FileURL::hasDirectoryPath() const
 
 QByteArray FileURL::nativePath() const
 {
-    QByteArray path = escapedPath().toUtf8();
-    if (path.contains('%'))
-        path = QByteArray::fromPercentEncoding(path);
+    QByteArray path = unescaped(escapedPath());
     while (path.size() > 1 && path.endsWith('/'))
         path.chop(1);
     return path;
@@ -241,27 +301,17 @@ QString FileURL::displayName() const
 
 FileURL FileURL::appendingFile(const QString &component) const
 {
-    return appendingNative(component.toUtf8(), false);
+    return EntryURLs(*this).entry(QStringView(component), false);
 }
 
 FileURL FileURL::appendingDirectory(const QString &component) const
 {
-    return appendingNative(component.toUtf8(), true);
+    return EntryURLs(*this).entry(QStringView(component), true);
 }
 
 FileURL FileURL::appendingNative(QByteArrayView name, bool isDirectory) const
 {
-    const QStringView path = escapedPath();
-    const qsizetype end = path.data() + path.size() - QStringView(m_text).data();
-    QString text;
-    text.reserve(m_text.size() + name.size() + name.size() / 2); // room for some escapes
-    text.append(QStringView(m_text).first(end));
-    if (!path.endsWith(u'/'))
-        text.append(u'/');
-    appendEscaped(text, name);
-    if (isDirectory)
-        text.append(u'/');
-    return FileURL(text.append(QStringView(m_text).sliced(end)));
+    return EntryURLs(*this).entry(name, isDirectory);
 }
 
 FileURL FileURL::deletingLastPathComponent() const
@@ -271,6 +321,25 @@ FileURL FileURL::deletingLastPathComponent() const
     while (path.size() > 1 && path.endsWith(u'/'))
         path.chop(1);
     return FileURL(m_text.left(start + path.lastIndexOf(u'/') + 1));
+}
+
+EntryURLs::EntryURLs(const FileURL &directory)
+{
+    const QStringView text(directory.m_text);
+    const QStringView path = directory.escapedPath();
+    const qsizetype end = path.data() + path.size() - text.data();
+    m_before = text.first(end) + (path.endsWith(u'/') ? QStringView() : QStringView(u"/"));
+    m_after = text.sliced(end).toString();
+}
+
+FileURL EntryURLs::entry(QStringView name, bool isDirectory) const
+{
+    return FileURL(entryText(m_before, name, isDirectory, m_after));
+}
+
+FileURL EntryURLs::entry(QByteArrayView name, bool isDirectory) const
+{
+    return FileURL(entryText(m_before, name, isDirectory, m_after));
 }
 
 size_t qHash(const FileURL &url, size_t seed)

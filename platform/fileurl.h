@@ -45,6 +45,8 @@ public:
     bool operator==(const FileURL &) const = default;
 
 private:
+    friend class EntryURLs;
+
     [[nodiscard]] QStringView escapedPath() const;
 
     explicit FileURL(const QString &text)
@@ -53,6 +55,21 @@ private:
     }
 
     QString m_text;
+};
+
+/// Makes the URLs of a directory's entries. For many of them quicker than the directory's own
+/// functions, which look anew each time where its path ends.
+class EntryURLs {
+public:
+    explicit EntryURLs(const FileURL &directory);
+
+    [[nodiscard]] FileURL entry(QStringView name, bool isDirectory) const;
+    /// The same for a name in the file system's own bytes.
+    [[nodiscard]] FileURL entry(QByteArrayView name, bool isDirectory) const;
+
+private:
+    QString m_before; ///< ends in a slash
+    QString m_after; ///< what follows the path: nearly always nothing
 };
 
 [[nodiscard]] size_t qHash(const FileURL &url, size_t seed = 0);

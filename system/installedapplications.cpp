@@ -23,19 +23,13 @@ bool isApplication(const DirectoryEntry &entry)
     return entry.name.endsWith(extension) && entry.name.size() > extension.size();
 }
 
-FileURL urlOf(const DirectoryEntry &entry, const FileURL &directory)
-{
-    return entry.isDirectory ? directory.appendingDirectory(entry.name)
-                             : directory.appendingFile(entry.name);
-}
-
 /// The applications found so far, each with the key that places it in the list.
 class FoundApplications {
 public:
-    void add(const DirectoryEntry &entry, const FileURL &directory)
+    void add(const DirectoryEntry &entry, const EntryURLs &directory)
     {
         m_places.push_back({.key = m_keys.add(entry.name), .index = m_urls.size()});
-        m_urls.append(urlOf(entry, directory));
+        m_urls.append(directory.entry(entry.name, entry.isDirectory));
     }
 
     [[nodiscard]] QList<FileURL> sorted()
@@ -74,19 +68,21 @@ private:
 
 void scanFolder(const FileSystem &files, const FileURL &folder, FoundApplications &found)
 {
+    const EntryURLs urls(folder);
     for (const DirectoryEntry &entry : entriesOrNone(files, folder)) {
         if (isApplication(entry))
-            found.add(entry, folder);
+            found.add(entry, urls);
     }
 }
 
 void scanRoot(const FileSystem &files, const FileURL &root, FoundApplications &found)
 {
+    const EntryURLs urls(root);
     for (const DirectoryEntry &entry : entriesOrNone(files, root)) {
         if (isApplication(entry))
-            found.add(entry, root);
+            found.add(entry, urls);
         else if (entry.isDirectory)
-            scanFolder(files, root.appendingDirectory(entry.name), found);
+            scanFolder(files, urls.entry(entry.name, true), found);
     }
 }
 

@@ -128,8 +128,9 @@ bool PosixFileSystem::isDirectory(const FileURL &url) const
 QList<FileURL> PosixFileSystem::contents(const FileURL &directory) const
 {
     QList<FileURL> urls;
+    const EntryURLs entryURLs(directory);
     visitEntries(directory, [&](const char *name, ListedEntry::Type type) {
-        urls.append(directory.appendingNative(name, type == ListedEntry::Type::Directory));
+        urls.append(entryURLs.entry(QByteArrayView(name), type == ListedEntry::Type::Directory));
     });
     return urls;
 }
