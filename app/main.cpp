@@ -67,7 +67,7 @@ int main(int argc, char *argv[])
     QCoreApplication::setApplicationVersion(QStringLiteral(NESTLET_COMPANION_VERSION));
     if (std::any_of(argv + 1, argv + argc, isQuestion)) {
         QCoreApplication early(argc, argv);
-        const Translations translations(early);
+        const Translations translations;
         answerCommandLine(QCoreApplication::arguments());
     }
 
@@ -78,7 +78,7 @@ int main(int argc, char *argv[])
     folderLibrary.beginLoading();
 
     QGuiApplication application(argc, argv);
-    const Translations translations(application);
+    const Translations translations;
     answerCommandLine(QCoreApplication::arguments()); // without the toolkit's own
     Platform platform = makePlatform(std::move(files));
     CompanionEngine companion(platform, EventTurns::Start::OnRelease, std::move(folderLibrary));

@@ -12,21 +12,20 @@ QString folder()
 
 } // namespace
 
-Translations::Translations(QCoreApplication &application)
+Translations::Translations()
 {
-    install(application,
-            m_translator.load(QLocale::system(), QStringLiteral("companion"), QStringLiteral("_"),
+    install(m_translator.load(QLocale::system(), QStringLiteral("companion"), QStringLiteral("_"),
                               folder()));
 }
 
-Translations::Translations(QCoreApplication &application, const QString &locale)
+Translations::Translations(const QString &locale)
 {
-    install(application, m_translator.load(QStringLiteral("companion_") + locale, folder()));
+    install(m_translator.load(QStringLiteral("companion_") + locale, folder()));
 }
 
 // The sources are in English, but for the plurals.
-void Translations::install(QCoreApplication &application, bool isLoaded)
+void Translations::install(bool isLoaded)
 {
     if (isLoaded || m_translator.load(QStringLiteral("companion_en"), folder()))
-        application.installTranslator(&m_translator);
+        QCoreApplication::installTranslator(&m_translator);
 }

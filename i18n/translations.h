@@ -2,18 +2,17 @@
 
 #include <QTranslator>
 
-class QCoreApplication;
-
 /// The texts of the program in the best language that there is a catalogue for, while it lives.
+/// There has to be a QCoreApplication.
 class Translations {
 public:
     /// In the languages of the user.
-    explicit Translations(QCoreApplication &application);
+    Translations();
     /// In the language of a locale, as "de_CH".
-    Translations(QCoreApplication &application, const QString &locale);
+    explicit Translations(const QString &locale);
 
 private:
-    void install(QCoreApplication &application, bool isLoaded);
+    void install(bool isLoaded);
 
     QTranslator m_translator;
 };

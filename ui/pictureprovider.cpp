@@ -61,10 +61,8 @@ QImage roundedPicture(const QImage &picture, double radiusShare)
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    QBrush brush(picture);
-    brush.setTransform(
-        QTransform::fromTranslate((side - picture.width()) / 2, (side - picture.height()) / 2));
-    painter.setBrush(brush);
+    painter.setBrush(QBrush(picture));
+    painter.setBrushOrigin((side - picture.width()) / 2, (side - picture.height()) / 2);
     painter.drawRoundedRect(image.rect(), side * radiusShare, side * radiusShare);
     return image;
 }

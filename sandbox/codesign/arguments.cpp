@@ -133,7 +133,10 @@ private:
         if (m_operation && *m_operation != operation)
             return fail();
         m_operation = operation;
-        if (field && (*field = value).isEmpty())
+        if (!field)
+            return;
+        *field = value;
+        if (value.isEmpty())
             fail();
     }
 

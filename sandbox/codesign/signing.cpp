@@ -15,7 +15,7 @@ namespace {
 
 CodeBundle signableBundle(const QString &path, bool force)
 {
-    const CodeBundle bundle = existingBundle(path);
+    CodeBundle bundle = existingBundle(path);
     if (!bundle.info)
         throw CodesignFailure(path, QStringLiteral("invalid or unreadable Info.plist"));
     if (!bundle.executable.isEmpty() && !QFileInfo(bundle.executable).isFile())

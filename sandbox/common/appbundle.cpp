@@ -29,7 +29,7 @@ QString AppBundle::name() const
 {
     for (const QString &key :
          {QStringLiteral("CFBundleDisplayName"), QStringLiteral("CFBundleName")}) {
-        if (const QString name = text(key); !name.isEmpty())
+        if (QString name = text(key); !name.isEmpty())
             return name;
     }
     return QFileInfo(m_path).completeBaseName();

@@ -122,10 +122,10 @@ void Panel::open(const QString &path)
 
 DockFolder Panel::currentFolder() const
 {
-    if (isOwnFolder())
+    const std::optional<QUuid> id = m_bundle.dockFolderID();
+    if (!id)
         return m_library.folder(appStoreFolderID()).value_or(ownFolder(m_mac));
-    const QUuid id = *m_bundle.dockFolderID();
-    return m_library.folder(id).value_or(DockFolder{.id = id, .name = m_bundle.name()});
+    return m_library.folder(*id).value_or(DockFolder{.id = *id, .name = m_bundle.name()});
 }
 
 void Panel::refresh()

@@ -63,8 +63,7 @@ void PseudoLocaleTest::init()
 {
     failOnWindowWarnings();
     m_window = std::make_unique<WindowFixture>();
-    m_pseudo
-        = std::make_unique<Translations>(*QCoreApplication::instance(), QStringLiteral("en_XA"));
+    m_pseudo = std::make_unique<Translations>(QStringLiteral("en_XA"));
 }
 
 void PseudoLocaleTest::cleanup()

@@ -44,7 +44,7 @@ struct WindowFixture : StoreFixture {
     void rename(const QString &text) const;
     [[nodiscard]] bool isOpen(const char *dialog) const;
 
-    Translations translations{*QCoreApplication::instance()};
+    Translations translations;
     PictureStore pictures;
     std::unique_ptr<CompanionViewModel> model;
     QQmlApplicationEngine engine;
