@@ -117,8 +117,10 @@ Row Dock::rowFor(const QString &path, bool isPinned, bool isRunning, bool isFirs
 
 QString Dock::iconFor(const AppBundle &app)
 {
-    const auto id = app.dockFolderID();
-    const auto folder = id ? m_library.folder(*id) : std::nullopt;
+    const std::optional<QUuid> id = app.dockFolderID();
+    if (!id)
+        return IconProvider::sourceForFile(app.path());
+    const std::optional<DockFolder> folder = m_library.folder(*id);
     if (!folder)
         return IconProvider::sourceForFile(app.path());
     FolderIcon &kept = m_folderIcons[*id];

@@ -58,8 +58,9 @@ void drawGrid(QPainter &painter, const QList<DockFolderItem> &items, int side)
     const QRectF place = innerSquare(side, 0.8);
     const qreal cell = place.width() / columns;
     for (qsizetype i = 0; i < count; ++i) {
+        const qsizetype row = i / columns;
         const QPointF corner(static_cast<qreal>(i % columns) * cell,
-                             static_cast<qreal>(i / columns) * cell);
+                             static_cast<qreal>(row) * cell);
         const QRectF target(place.topLeft() + corner, QSizeF(cell, cell));
         const int iconSide = static_cast<int>(std::lround(cell));
         painter.drawImage(target, fileIcon(items.at(i).url.path(), iconSide));
