@@ -5,6 +5,7 @@
 
 #include <linux/fs.h>
 #include <sys/ioctl.h>
+#include <sys/mman.h>
 #include <sys/xattr.h>
 #include <unistd.h>
 
@@ -89,6 +90,17 @@ int syncData(int descriptor)
 {
     const int result = ::fdatasync(descriptor);
     return result < 0 && errno == EINVAL ? 0 : result; // a volume that has nothing to wait for
+}
+
+void useLargePages(char *memory, qsizetype size)
+{
+    constexpr qsizetype leastSize = 8'000'000; // a few of them: what is over is a small part
+    if (size < leastSize)
+        return;
+    const auto page = static_cast<quintptr>(::sysconf(_SC_PAGESIZE));
+    const auto begin = (reinterpret_cast<quintptr>(memory) + page - 1) / page * page;
+    const auto end = reinterpret_cast<quintptr>(memory + size) / page * page;
+    ::madvise(reinterpret_cast<void *>(begin), end - begin, MADV_HUGEPAGE); // or it stays as it is
 }
 
 int copyContents(int from, int to, qint64 size, CopySupport &support)

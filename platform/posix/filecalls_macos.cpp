@@ -18,6 +18,10 @@ int syncData(int descriptor)
     return ::fsync(descriptor);
 }
 
+void useLargePages(char *, qsizetype) // the system decides for itself
+{
+}
+
 int copyContents(int from, int to, qint64, CopySupport &)
 {
     return ::fcopyfile(from, to, nullptr, COPYFILE_DATA);
