@@ -19,7 +19,8 @@ import sys
 TIDY = "clang-tidy-16"
 CLANG = "clang++"
 # What only GCC understands; its precompiled headers say nothing that the sources do not include.
-GCC_ONLY = re.compile(r" -Winvalid-pch| -include \S+/cmake_pch\.hxx")
+GCC_ONLY = re.compile(
+    r" -Winvalid-pch| -include \S+/cmake_pch\.hxx| --param ggc-min-heapsize=\d+")
 
 
 def own_sources(pattern):
