@@ -22,6 +22,7 @@ private Q_SLOTS:
     void scrollingUnderAStillDragTakesTheHighlightAlong();
     void aDropGoesToTheRowThatWasScrolledUnderIt();
     void aRowThatComesUnderAStillDragIsLit();
+    void aSelectedRowLooksLikeADropTargetToo();
 
 private:
     [[nodiscard]] QStringList itemsOf(const DockFolder &folder)
@@ -285,6 +286,27 @@ void WindowDropsTest::aRowThatComesUnderAStillDragIsLit()
     m_window->changeFromOutside({m_a, m_b});
     QTRY_COMPARE(highlighted(), QStringList());
     drag.leave();
+}
+
+void WindowDropsTest::aSelectedRowLooksLikeADropTargetToo()
+{
+    m_window->click(m_window->row(m_a.name));
+    const auto ground = [this] {
+        return WindowFixture::part(m_window->row(m_a.name), "ground")
+            ->property("color")
+            .value<QColor>()
+            .name(QColor::HexArgb);
+    };
+    QCOMPARE(ground(), themeColor("accentFill"));
+    IncomingDrag drag(*m_window->window, "file:///tmp/x");
+    QVERIFY(drag.enter(rowCentre(m_a.name)));
+    QTRY_COMPARE(ground(), themeColor("selectedRow")); // the outline is in the accent
+    QTRY_COMPARE(captionInk(m_a.name), themeColor("accentInk"));
+    QVERIFY(hasOutline(m_a.name));
+    drag.leave();
+    QTRY_COMPARE(ground(), themeColor("accentFill"));
+    QCOMPARE(captionInk(m_a.name), themeColor("accentText"));
+    QVERIFY(!hasOutline(m_a.name));
 }
 
 QTEST_MAIN(WindowDropsTest)
