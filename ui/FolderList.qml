@@ -72,6 +72,7 @@ ListView {
         }
     }
 
+    Keys.onEscapePressed: event => event.accepted = reordering.cancel()
     Keys.onPressed: event => {
         const moves = event.modifiers & Qt.AltModifier;
         const choose = row => moves ? root.moveSelection(row) : root.selectRow(row);
