@@ -22,6 +22,8 @@ private Q_SLOTS:
     void theRingFollowsTheKeyboardOnly();
     void theListIsFocusedFirst();
     void withoutASelectionTheFirstRowHasTheRing();
+    void aKeyThatActsSelectsTheFirstRow_data();
+    void aKeyThatActsSelectsTheFirstRow();
     void theFirstAndTheLastRowsRingsAreWhole();
     void selectingElsewhereRevealsTheRow();
     void aNewFolderIsRevealed();
@@ -283,6 +285,25 @@ void WindowSidebarKeysTest::aFolderFromOutsideDoesNotScroll()
     m_window->changeFromOutside(more);
     QVERIFY(m_window->row(QStringLiteral("Folder 0")));
     QCOMPARE(list->property("contentY").toReal(), place);
+}
+
+void WindowSidebarKeysTest::aKeyThatActsSelectsTheFirstRow_data()
+{
+    QTest::addColumn<Qt::Key>("key");
+    QTest::newRow("Space") << Qt::Key_Space;
+    QTest::newRow("Return") << Qt::Key_Return;
+    QTest::newRow("Enter") << Qt::Key_Enter;
+}
+
+void WindowSidebarKeysTest::aKeyThatActsSelectsTheFirstRow()
+{
+    QFETCH(const Qt::Key, key);
+    QCOMPARE(selected(), QString());
+    press(key);
+    QCOMPARE(selected(), m_a.name); // which has the ring
+    press(Qt::Key_Down);
+    press(key);
+    QCOMPARE(selected(), m_b.name);
 }
 
 QTEST_MAIN(WindowSidebarKeysTest)
