@@ -24,6 +24,7 @@ private Q_SLOTS:
     void withoutASelectionTheFirstRowHasTheRing();
     void aKeyThatActsSelectsTheFirstRow_data();
     void aKeyThatActsSelectsTheFirstRow();
+    void aHeldReturnPressesOnce();
     void theFirstAndTheLastRowsRingsAreWhole();
     void selectingElsewhereRevealsTheRow();
     void aNewFolderIsRevealed();
@@ -304,6 +305,20 @@ void WindowSidebarKeysTest::aKeyThatActsSelectsTheFirstRow()
     press(Qt::Key_Down);
     press(key);
     QCOMPARE(selected(), m_b.name);
+}
+
+void WindowSidebarKeysTest::aHeldReturnPressesOnce()
+{
+    m_window->button(QStringLiteral("New Dock Folder"))->forceActiveFocus(Qt::TabFocusReason);
+    press(Qt::Key_Return);
+    for (int repeat = 0; repeat < 3; ++repeat) {
+        QKeyEvent event(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"),
+                        true);
+        QCoreApplication::sendEvent(m_window->window, &event);
+    }
+    QCOMPARE(order().size(), 5);
+    press(Qt::Key_Return);
+    QCOMPARE(order().size(), 6);
 }
 
 QTEST_MAIN(WindowSidebarKeysTest)
