@@ -4,7 +4,7 @@ import Nestlet.Companion
 
 /// A colour panel, for where the system has none: beside the item it belongs to, in the window, which
 /// stays usable. Every change is told at once.
-T.Popup {
+T.Dialog {
     id: root
 
     /// Empty: none.
@@ -19,6 +19,7 @@ T.Popup {
         return bottom + root.distance + root.height + root.margins <= root.parent.Window.height;
     }
 
+    title: qsTr("Colors") // said, not shown
     width: 232
     height: content.implicitHeight + 2 * root.padding
     x: root.parent ? (root.parent.width - root.width) / 2 : 0
@@ -56,9 +57,6 @@ T.Popup {
     }
 
     contentItem: Item { // qmllint disable deferred-property-id
-        Accessible.role: Accessible.Dialog
-        Accessible.name: qsTr("Colors")
-
         ColorComponents {
             id: components
             onEdited: hex => root.changed(hex)

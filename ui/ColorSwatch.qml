@@ -27,6 +27,7 @@ PickerCell {
 
     text: AppearanceOptions.colorName(root.index)
     showsToolTip: true
+    Accessible.description: root.kind === AppearanceOptions.Custom ? root.hex : "" // which one it is
 
     Behavior on inset {
         NumberAnimation {

@@ -24,7 +24,8 @@ Item {
     property bool isPooled: false
     readonly property bool isDropTargeted: dropTarget.isTargeted
     readonly property string caption: root.isDropTargeted ? qsTr("Drop to add") : root.status
-    readonly property bool isEmphasized: root.isSelected && root.listHasFocus
+    // Nothing in the accent shows on the accent: what is dropped on a selected row needs another ground.
+    readonly property bool isEmphasized: root.isSelected && root.listHasFocus && root.targeting === 0
     readonly property alias hovered: mouse.containsMouse
     readonly property real textWidth: root.width - (Theme.selectionInset + Theme.rowInset + thumbnail.size + 8)
                                       - (Theme.selectionInset + 4)

@@ -11,6 +11,7 @@ T.TextField {
     height: 24
     leftPadding: 8
     rightPadding: 8
+    horizontalAlignment: TextInput.AlignLeft // the window's leading edge, whatever the text's script
     verticalAlignment: TextInput.AlignVCenter
     selectByMouse: true
     font: Theme.body
@@ -18,6 +19,11 @@ T.TextField {
     placeholderTextColor: Theme.secondary
     selectionColor: Theme.accentFill
     selectedTextColor: Theme.accentText
+    onActiveFocusChanged: {
+        const isByTab = root.focusReason === Qt.TabFocusReason || root.focusReason === Qt.BacktabFocusReason;
+        if (root.activeFocus && isByTab)
+            root.select(root.length, 0); // backwards: the beginning stays in view
+    }
 
     CompanionText {
         anchors.fill: parent

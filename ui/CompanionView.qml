@@ -28,6 +28,7 @@ T.ApplicationWindow {
     WindowDrag {
         id: windowDrag
         window: root
+        isBlocked: root.hasDialog
     }
 
     WindowCommands {

@@ -6,7 +6,7 @@ CompanionText {
     id: root
 
     HelpTag.text: root.text
-    HelpTag.isShown: hover.hovered && root.truncated
+    HelpTag.isShown: hover.hovered && root.truncated && root.visible
 
     HoverHandler {
         id: hover

@@ -22,6 +22,14 @@ ListView {
             root.companion.selection = root.companion.folders.folderIDAt(row);
         root.reveal(root.selectedRow());
     }
+    /// The keyboard is on the first row until there is a selection. False: there is one, or no such key.
+    function selectsFirst(key: int): bool {
+        const acts = key === Qt.Key_Space || key === Qt.Key_Return || key === Qt.Key_Enter;
+        if (!acts || root.selection !== "")
+            return false;
+        root.selectRow(0);
+        return true;
+    }
     function moveSelection(row: int) {
         root.companion.folders.moveFolder(root.selection, row);
         root.reveal(root.selectedRow());
@@ -72,6 +80,7 @@ ListView {
         }
     }
 
+    Keys.onEscapePressed: event => event.accepted = reordering.cancel()
     Keys.onPressed: event => {
         const moves = event.modifiers & Qt.AltModifier;
         const choose = row => moves ? root.moveSelection(row) : root.selectRow(row);
@@ -96,7 +105,7 @@ ListView {
             choose(Math.min(root.count - 1, root.selectedRow() + Math.floor(root.height / Theme.rowHeight)));
             break;
         default:
-            event.accepted = typeAhead.take(event, root.selectedRow());
+            event.accepted = typeAhead.take(event, root.selectedRow()) || root.selectsFirst(event.key);
         }
     }
 

@@ -45,6 +45,12 @@ Item {
         root.heldRow = -1;
         picture.source = "";
     }
+    /// False: nothing was held.
+    function cancel(): bool {
+        const isHolding = root.heldFolderID !== "";
+        root.letGo();
+        return isHolding;
+    }
     function drop() {
         const folderID = root.heldFolderID;
         const target = root.dropRow;

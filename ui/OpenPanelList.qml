@@ -19,6 +19,10 @@ Item {
         root.selectedURL = root.browser.urlAt(row);
         root.isPictureSelected = root.browser.isPictureAt(row);
     }
+    /// So many rows on, as far as there are any.
+    function selectFrom(step: int) {
+        root.select(Math.min(Math.max(list.currentIndex + step, 0), list.count - 1));
+    }
     function selectFirst() {
         root.select(list.count > 0 ? 0 : -1);
     }
@@ -50,6 +54,9 @@ Item {
 
     ListView {
         id: list
+
+        readonly property int rowsPerPage: Math.max(1, Math.floor(list.height / 24) - 1)
+
         objectName: "fileList"
         anchors.fill: parent
         anchors.margins: Theme.rowInset
@@ -60,8 +67,8 @@ Item {
         T.ScrollBar.vertical: CompanionScrollBar {}
         Accessible.role: Accessible.List
         Accessible.name: qsTr("Files")
-        Keys.onUpPressed: root.select(Math.max(list.currentIndex - 1, 0))
-        Keys.onDownPressed: root.select(Math.min(list.currentIndex + 1, list.count - 1))
+        Keys.onUpPressed: root.selectFrom(-1)
+        Keys.onDownPressed: root.selectFrom(1)
         Keys.onReturnPressed: root.opened(root.selectedURL)
         Keys.onEnterPressed: root.opened(root.selectedURL)
         Keys.onPressed: event => {
@@ -70,6 +77,10 @@ Item {
                 root.selectFirst();
             else if (event.key === Qt.Key_End)
                 root.select(list.count - 1);
+            else if (event.key === Qt.Key_PageUp)
+                root.selectFrom(-list.rowsPerPage);
+            else if (event.key === Qt.Key_PageDown)
+                root.selectFrom(list.rowsPerPage);
             else
                 event.accepted = typeAhead.take(event, list.currentIndex);
         }

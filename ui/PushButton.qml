@@ -15,6 +15,12 @@ T.Button {
     readonly property color ink: root.isDefault ? Theme.accentText : root.isDestructive ? Theme.destructiveInk
                                                                                         : Theme.primary
 
+    /// Once, however long the key is held.
+    function pressByKey(event: KeyEvent) {
+        if (!event.isAutoRepeat)
+            root.clicked();
+    }
+
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: root.isLarge ? 32 : 24
     leftPadding: root.isLarge ? 16 : 12
@@ -28,8 +34,8 @@ T.Button {
         if (root.enabled)
             root.clicked();
     }
-    Keys.onReturnPressed: root.clicked()
-    Keys.onEnterPressed: root.clicked()
+    Keys.onReturnPressed: event => root.pressByKey(event)
+    Keys.onEnterPressed: event => root.pressByKey(event)
 
     contentItem: Item { // qmllint disable deferred-property-id
         implicitWidth: label.implicitWidth + (sign.active ? sign.width + row.spacing : 0)

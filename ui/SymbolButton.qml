@@ -12,6 +12,12 @@ T.ToolButton {
     property bool isMenuShown: false
     readonly property bool showsFocus: root.activeFocus && InputModality.isKeyboard
 
+    /// Once, however long the key is held.
+    function pressByKey(event: KeyEvent) {
+        if (!event.isAutoRepeat)
+            root.clicked();
+    }
+
     implicitWidth: 28
     implicitHeight: 28
     padding: 0
@@ -25,8 +31,8 @@ T.ToolButton {
     }
     HelpTag.text: root.text
     HelpTag.isShown: (root.hovered || root.visualFocus) && !root.down && !root.isMenuShown
-    Keys.onReturnPressed: root.clicked()
-    Keys.onEnterPressed: root.clicked()
+    Keys.onReturnPressed: event => root.pressByKey(event)
+    Keys.onEnterPressed: event => root.pressByKey(event)
 
     contentItem: Item { // qmllint disable deferred-property-id
         opacity: root.enabled ? 1 : 0.4

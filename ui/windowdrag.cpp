@@ -3,6 +3,15 @@
 #include <QCoreApplication>
 #include <QScopedValueRollback>
 
+namespace {
+
+bool isDrag(QEvent::Type type)
+{
+    return type == QEvent::DragEnter || type == QEvent::DragMove || type == QEvent::Drop;
+}
+
+} // namespace
+
 void WindowDrag::setWindow(QQuickWindow *window)
 {
     if (m_window == window)
@@ -16,10 +25,33 @@ void WindowDrag::setWindow(QQuickWindow *window)
     Q_EMIT windowChanged();
 }
 
+void WindowDrag::setBlocked(bool isBlocked)
+{
+    if (m_isBlocked == isBlocked)
+        return;
+    m_isBlocked = isBlocked;
+    if (isBlocked && m_frames)
+        takeAway();
+    Q_EMIT isBlockedChanged();
+}
+
+// What it was over is told that it went.
+void WindowDrag::takeAway()
+{
+    const QScopedValueRollback repeating(m_isRepeating, true);
+    QDragLeaveEvent event;
+    QCoreApplication::sendEvent(m_window, &event);
+    end();
+}
+
 bool WindowDrag::eventFilter(QObject *watched, QEvent *event)
 {
     if (m_isRepeating)
         return QObject::eventFilter(watched, event);
+    if (m_isBlocked && isDrag(event->type())) {
+        event->ignore();
+        return true;
+    }
     switch (event->type()) {
     case QEvent::DragEnter:
     case QEvent::DragMove:

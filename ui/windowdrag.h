@@ -11,11 +11,13 @@
 ///
 /// While it is held still the system says nothing, but what lies under it may be scrolled away,
 /// moved or removed: it would stay lit, and take the drop. So what takes drops is told at each
-/// frame where the drag is.
+/// frame where the drag is. Under a dialog nothing takes drops.
 class WindowDrag : public QObject {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(QQuickWindow *window READ window WRITE setWindow NOTIFY windowChanged)
+    /// A dialog is shown, which comes first.
+    Q_PROPERTY(bool isBlocked READ isBlocked WRITE setBlocked NOTIFY isBlockedChanged)
     Q_PROPERTY(bool isOver READ isOver NOTIFY moved)
     /// Of the window; where it was last when there is none.
     Q_PROPERTY(QPointF place READ place NOTIFY moved)
@@ -25,6 +27,8 @@ public:
 
     [[nodiscard]] QQuickWindow *window() const { return m_window; }
     void setWindow(QQuickWindow *window);
+    [[nodiscard]] bool isBlocked() const { return m_isBlocked; }
+    void setBlocked(bool isBlocked);
     [[nodiscard]] bool isOver() const { return m_content != nullptr; }
     [[nodiscard]] QPointF place() const { return m_place; }
 
@@ -32,11 +36,13 @@ public:
 
 Q_SIGNALS:
     void windowChanged();
+    void isBlockedChanged();
     void moved();
 
 private:
     void begin();
     void follow(const QDropEvent &event);
+    void takeAway();
     void end();
     void repeatAt(const QPointF &place);
 
@@ -48,4 +54,5 @@ private:
     Qt::KeyboardModifiers m_modifiers;
     QMetaObject::Connection m_frames; ///< while a drag is over the window
     bool m_isRepeating = false;
+    bool m_isBlocked = false;
 };

@@ -35,6 +35,7 @@ private Q_SLOTS:
     void aCancelledPanelChangesNothing();
     void theOpenPanelShowsThePictures();
     void theOpenPanelChoosesByKeyboard();
+    void theOpenPanelGoesByPages();
     void theOpenPanelTakesAPath();
     void theOpenPanelTakesNoOtherFileByItsPath();
     void theOpenPanelScrollsByTheWheel();
@@ -324,6 +325,30 @@ void AppearancePanelsTest::theOpenPanelChoosesByKeyboard()
     QTRY_VERIFY(m_scene->stored(m_folder).customIconData);
     QTRY_VERIFY(!m_scene->openPanel());
     QTRY_COMPARE(m_scene->checkedCells(text("Symbol")), QStringList{text("Load custom image…")});
+}
+
+void AppearancePanelsTest::theOpenPanelGoesByPages()
+{
+    for (int number = 0; number < 40; ++number)
+        writeImage(text("picture%1.png").arg(number));
+    QQuickWindow *panel = openImagePanel();
+    QVERIFY(panel);
+    const QQuickItem *const list = childNamed(panel->contentItem(), "fileList");
+    QTRY_COMPARE(list->property("count").toInt(), 40);
+    const auto row = [list] { return list->property("currentIndex").toInt(); };
+    QTest::keyClick(panel, Qt::Key_PageDown);
+    const int page = row();
+    QVERIFY(page > 5 && page < list->height() / 24);
+    QTest::keyClick(panel, Qt::Key_PageDown);
+    QCOMPARE(row(), 2 * page);
+    QTest::keyClick(panel, Qt::Key_PageUp);
+    QTest::keyClick(panel, Qt::Key_Up);
+    QCOMPARE(row(), page - 1);
+    QTest::keyClick(panel, Qt::Key_PageUp);
+    QCOMPARE(row(), 0);
+    for (int key = 0; key < 8; ++key)
+        QTest::keyClick(panel, Qt::Key_PageDown);
+    QCOMPARE(row(), 39);
 }
 
 void AppearancePanelsTest::theOpenPanelTakesAPath()

@@ -22,6 +22,9 @@ private Q_SLOTS:
     void scrollingUnderAStillDragTakesTheHighlightAlong();
     void aDropGoesToTheRowThatWasScrolledUnderIt();
     void aRowThatComesUnderAStillDragIsLit();
+    void aSelectedRowLooksLikeADropTargetToo();
+    void nothingTakesDropsUnderADialog();
+    void aDialogThatComesDuringADragTakesItAway();
 
 private:
     [[nodiscard]] QStringList itemsOf(const DockFolder &folder)
@@ -285,6 +288,59 @@ void WindowDropsTest::aRowThatComesUnderAStillDragIsLit()
     m_window->changeFromOutside({m_a, m_b});
     QTRY_COMPARE(highlighted(), QStringList());
     drag.leave();
+}
+
+void WindowDropsTest::aSelectedRowLooksLikeADropTargetToo()
+{
+    m_window->click(m_window->row(m_a.name));
+    const auto ground = [this] {
+        return WindowFixture::part(m_window->row(m_a.name), "ground")
+            ->property("color")
+            .value<QColor>()
+            .name(QColor::HexArgb);
+    };
+    QCOMPARE(ground(), themeColor("accentFill"));
+    IncomingDrag drag(*m_window->window, "file:///tmp/x");
+    QVERIFY(drag.enter(rowCentre(m_a.name)));
+    QTRY_COMPARE(ground(), themeColor("selectedRow")); // the outline is in the accent
+    QTRY_COMPARE(captionInk(m_a.name), themeColor("accentInk"));
+    QVERIFY(hasOutline(m_a.name));
+    drag.leave();
+    QTRY_COMPARE(ground(), themeColor("accentFill"));
+    QCOMPARE(captionInk(m_a.name), themeColor("accentText"));
+    QVERIFY(!hasOutline(m_a.name));
+}
+
+void WindowDropsTest::nothingTakesDropsUnderADialog()
+{
+    m_window->click(m_window->row(m_a.name));
+    QVERIFY(m_window->choose(QStringLiteral("Folder Actions"), QStringLiteral("Remove Folder")));
+    QTRY_VERIFY(m_window->isOpen("removeDialog"));
+    IncomingDrag drag(*m_window->window, "file:///tmp/x");
+    const QPoint row = rowCentre(m_b.name);
+    QVERIFY(!drag.enter(row));
+    QVERIFY(!drag.move(WindowFixture::centre(m_window->named("emptyState"))));
+    QVERIFY(!drag.move(row));
+    QCOMPARE(highlighted(), QStringList());
+    QCOMPARE(drag.drop(row), Qt::IgnoreAction);
+    m_window->press(Qt::Key_Escape);
+    QTRY_VERIFY(drag.enter(row)); // once it has faded away
+    QCOMPARE(drag.drop(row), Qt::CopyAction);
+    QTRY_COMPARE(itemsOf(m_b), (QStringList{QStringLiteral("b"), QStringLiteral("x")}));
+    QCOMPARE(itemsOf(m_a), QStringList());
+}
+
+void WindowDropsTest::aDialogThatComesDuringADragTakesItAway()
+{
+    IncomingDrag drag(*m_window->window, "file:///tmp/x");
+    const QPoint row = rowCentre(m_b.name);
+    QVERIFY(drag.enter(row));
+    QCOMPARE(highlighted(), QStringList{m_b.name});
+    Q_EMIT m_window->proxies.launchFailed(QStringLiteral("No."));
+    QTRY_VERIFY(m_window->isOpen("errorAlert"));
+    QTRY_COMPARE(highlighted(), QStringList());
+    QCOMPARE(drag.drop(row), Qt::IgnoreAction);
+    QCOMPARE(itemsOf(m_b), QStringList{QStringLiteral("b")});
 }
 
 QTEST_MAIN(WindowDropsTest)

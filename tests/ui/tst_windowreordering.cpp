@@ -14,6 +14,7 @@ private Q_SLOTS:
     void aRowThatWentAboveTheVisibleOnesShiftsNothing();
     void theListScrollsBackToItsShiftedTop();
     void aPressWithoutADragMovesNothing();
+    void escapePutsTheHeldFolderBack();
 
 private:
     [[nodiscard]] static QString nameOf(int number)
@@ -160,6 +161,23 @@ void WindowReorderingTest::aPressWithoutADragMovesNothing()
     QVERIFY(!shown("heldFolder"));
     letGo();
     QCOMPARE(order(), before);
+}
+
+void WindowReorderingTest::escapePutsTheHeldFolderBack()
+{
+    const QStringList before = order();
+    take(nameOf(3), 104);
+    QVERIFY(shown("heldFolder"));
+    m_window->press(Qt::Key_Escape);
+    QVERIFY(!shown("heldFolder"));
+    QVERIFY(!shown("dropMarker"));
+    moveTo(m_pointer + QPoint(0, 52));
+    QVERIFY(!shown("heldFolder"));
+    letGo();
+    QCOMPARE(order(), before);
+    take(nameOf(1), 52); // the next one is held as ever
+    letGo();
+    QCOMPARE(order().first(3), (QStringList{nameOf(0), nameOf(2), nameOf(1)}));
 }
 
 QTEST_MAIN(WindowReorderingTest)

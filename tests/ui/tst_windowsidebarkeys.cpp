@@ -22,6 +22,9 @@ private Q_SLOTS:
     void theRingFollowsTheKeyboardOnly();
     void theListIsFocusedFirst();
     void withoutASelectionTheFirstRowHasTheRing();
+    void aKeyThatActsSelectsTheFirstRow_data();
+    void aKeyThatActsSelectsTheFirstRow();
+    void aHeldReturnPressesOnce();
     void theFirstAndTheLastRowsRingsAreWhole();
     void selectingElsewhereRevealsTheRow();
     void aNewFolderIsRevealed();
@@ -283,6 +286,39 @@ void WindowSidebarKeysTest::aFolderFromOutsideDoesNotScroll()
     m_window->changeFromOutside(more);
     QVERIFY(m_window->row(QStringLiteral("Folder 0")));
     QCOMPARE(list->property("contentY").toReal(), place);
+}
+
+void WindowSidebarKeysTest::aKeyThatActsSelectsTheFirstRow_data()
+{
+    QTest::addColumn<Qt::Key>("key");
+    QTest::newRow("Space") << Qt::Key_Space;
+    QTest::newRow("Return") << Qt::Key_Return;
+    QTest::newRow("Enter") << Qt::Key_Enter;
+}
+
+void WindowSidebarKeysTest::aKeyThatActsSelectsTheFirstRow()
+{
+    QFETCH(const Qt::Key, key);
+    QCOMPARE(selected(), QString());
+    press(key);
+    QCOMPARE(selected(), m_a.name); // which has the ring
+    press(Qt::Key_Down);
+    press(key);
+    QCOMPARE(selected(), m_b.name);
+}
+
+void WindowSidebarKeysTest::aHeldReturnPressesOnce()
+{
+    m_window->button(QStringLiteral("New Dock Folder"))->forceActiveFocus(Qt::TabFocusReason);
+    press(Qt::Key_Return);
+    for (int repeat = 0; repeat < 3; ++repeat) {
+        QKeyEvent event(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"),
+                        true);
+        QCoreApplication::sendEvent(m_window->window, &event);
+    }
+    QCOMPARE(order().size(), 5);
+    press(Qt::Key_Return);
+    QCOMPARE(order().size(), 6);
 }
 
 QTEST_MAIN(WindowSidebarKeysTest)

@@ -93,7 +93,9 @@ ViewTest {
         compare(checkedCells(picker), [custom]);
         compareColor(symbolOf(cell, "eyedropper").color, "white", "eyedropper");
         compareColor(colorOfSwatch(cell), "#123456", "swatch");
+        compare(mac.told(cell).description, "#123456"); // its name does not say which
         picker.selectedHex = "#4DAE72";
+        compare(mac.told(cell).description, "");
         verify(!symbolOf(cell, "eyedropper"));
         compareColor(symbolOf(cell, "paintbrush").color, Theme.secondary, "paintbrush");
         compareSeen(cell, 20, 21, over(Theme.faded(Theme.secondary, 0.1), "white"), "swatch");

@@ -71,6 +71,30 @@ ViewTest {
         mouseRelease(field, 199, 12);
         compare(field.selectedText, "Work and play");
     }
+    function test_theTabKeySelectsAllOfIt_data() {
+        return [
+            {tag: "Tab", reason: Qt.TabFocusReason, selected: "Work and play"},
+            {tag: "Shift-Tab", reason: Qt.BacktabFocusReason, selected: "Work and play"},
+            {tag: "something else", reason: Qt.OtherFocusReason, selected: ""}
+        ];
+    }
+    function test_theTabKeySelectsAllOfIt(data) {
+        const field = show(view, {text: "Work and play"});
+        field.forceActiveFocus(data.reason);
+        compare(field.selectedText, data.selected);
+        if (data.selected !== "")
+            compare(field.cursorPosition, 0); // what is seen of a long text is its beginning
+    }
+    function test_mirroredItBeginsOnTheRight() {
+        const field = show(view, {});
+        field.LayoutMirroring.enabled = true;
+        field.text = "Work"; // whatever its script
+        compare(field.cursorRectangle.x, 192);
+        field.cursorPosition = 0;
+        verify(Math.abs(field.cursorRectangle.x - (192 - field.contentWidth)) < 1);
+        field.clear();
+        compare(field.cursorRectangle.x, 192);
+    }
     function test_returnAccepts() {
         const field = show(view, {text: "Work"});
         acceptances.target = field;

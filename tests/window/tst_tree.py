@@ -39,7 +39,7 @@ class TreeTest(WindowTest):
         for widget in widgets:
             with self.subTest(state=state, widget=str(widget), place=widget.path()):
                 self.assertIn(widget.role, ROLES)
-                if widget.has("focusable") or widget.actions():
+                if widget.has("focusable") or widget.actions() or widget.role == "dialog":
                     self.assertNotEqual(widget.name.strip(), "")
         return widgets
 
