@@ -4,8 +4,6 @@
 #include "model/jsonwriter.h"
 #include "model/libraryjson.h"
 
-#include <algorithm>
-
 // Finds kept folders by id. They are mostly asked for in their order, which needs no index.
 class KeptFolders::Finder {
 public:
@@ -65,13 +63,17 @@ public:
 
     void receive(DockFolder folder, QByteArrayView bytes) override
     {
-        // An equal folder that is only written differently goes on sharing the kept one's data.
-        const qsizetype place = m_finder.find(folder.id);
-        if (place >= 0 && m_kept.m_folders.at(place) == folder)
-            folder = m_kept.m_folders.at(place);
-        m_folders.append(std::move(folder));
         m_bytes.push_back({QByteArray::fromRawData(bytes.data(), bytes.size()), false});
         m_decoded.push_back(m_bytes.size() - 1);
+        // An equal folder that is only written differently goes on sharing the kept one's data.
+        const qsizetype place = m_finder.find(folder.id);
+        if (place >= 0 && m_kept.m_folders.at(place) == folder) {
+            m_folders.append(m_kept.m_folders.at(place));
+            return;
+        }
+        if (folder.customIconData)
+            m_pictured.append(m_folders.size());
+        m_folders.append(std::move(folder));
     }
 
     // What is decoded points into the file: the whole file is kept for it when nothing else is
@@ -84,24 +86,26 @@ public:
         if (m_knownCount == 0)
             kept.m_file = file;
         else
-            std::ranges::for_each(m_decoded, [this](size_t i) { detach(i); });
+            detach();
         kept.m_folders = std::move(m_folders);
         kept.m_bytes = std::move(m_bytes);
     }
 
 private:
-    void detach(size_t i)
+    void detach()
     {
-        m_bytes[i].json.detach();
-        if (std::optional<Base64Bytes> &picture = m_folders[qsizetype(i)].customIconData)
-            picture->detach();
+        for (const size_t place : m_decoded)
+            m_bytes[place].json.detach();
+        for (const qsizetype place : m_pictured)
+            m_folders[place].customIconData->detach();
     }
 
     const KeptFolders &m_kept;
     Finder m_finder;
     QList<DockFolder> m_folders;
     std::vector<Bytes> m_bytes;
-    std::vector<size_t> m_decoded;
+    std::vector<size_t> m_decoded; ///< places whose bytes are in the file
+    QList<qsizetype> m_pictured; ///< places whose pictures are
     qsizetype m_knownCount{};
 };
 

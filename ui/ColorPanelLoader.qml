@@ -26,12 +26,5 @@ FileLoader {
             "parent": root.swatch,
             "hex": root.hex
         })
-
-    Connections {
-        target: root.panel
-        ignoreUnknownSignals: true
-        function onChanged(hex: string) {
-            root.changed(hex);
-        }
-    }
+    onMade: panel => panel.changed.connect(root.changed)
 }

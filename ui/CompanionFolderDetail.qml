@@ -6,8 +6,8 @@ DetailPane {
     id: root
 
     readonly property FolderDetailModel folder: root.model.detail
-    property bool showAppPicker: false
-    property bool isConfirmingDelete: false
+    property alias showAppPicker: appPicker.isWanted
+    property alias isConfirmingDelete: removeAlert.isWanted
     readonly property bool contentsDropTargeted: dropTarget.isTargeted || header.isDropTargeted
 
     hasDialog: root.isConfirmingDelete || root.showAppPicker
@@ -54,14 +54,7 @@ DetailPane {
         properties: ({
                 "folder": root.folder
             })
-    }
-
-    Connections {
-        target: menuLoader.menu
-        ignoreUnknownSignals: true
-        function onRemoveRequested() {
-            root.isConfirmingDelete = true;
-        }
+        onMade: menu => menu.removeRequested.connect(() => root.isConfirmingDelete = true)
     }
 
     ScrollArea {
@@ -138,34 +131,20 @@ DetailPane {
         }
     }
 
-    FileLoader {
+    DialogLoader {
         id: removeAlert
-        file: root.isConfirmingDelete ? "RemoveFolderAlert.qml" : ""
+        dialogFile: "RemoveFolderAlert.qml"
         properties: ({
                 "folder": root.folder
             })
     }
-    Connections {
-        target: removeAlert.item
-        ignoreUnknownSignals: true
-        function onClosed() {
-            root.isConfirmingDelete = false;
-        }
-    }
 
-    FileLoader {
+    DialogLoader {
         id: appPicker
-        file: root.showAppPicker ? "FolderAppPicker.qml" : ""
+        dialogFile: "FolderAppPicker.qml"
         properties: ({
                 "scan": root.model.applicationScan,
                 "folder": root.folder
             })
-    }
-    Connections {
-        target: appPicker.item
-        ignoreUnknownSignals: true
-        function onClosed() {
-            root.showAppPicker = false;
-        }
     }
 }

@@ -65,14 +65,7 @@ Rectangle {
             properties: ({
                     "model": root.model
                 })
-        }
-
-        Connections {
-            target: menuLoader.menu
-            ignoreUnknownSignals: true
-            function onResetRequested() {
-                root.resetRequested();
-            }
+            onMade: menu => menu.resetRequested.connect(root.resetRequested)
         }
     }
 

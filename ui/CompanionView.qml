@@ -10,7 +10,7 @@ T.ApplicationWindow {
     required property CompanionViewModel model
     /// Null: there is no way to choose a picture, and no colour panel but the window's own.
     property SystemPanels panels: null
-    property bool isConfirmingReset: false
+    property alias isConfirmingReset: resetAlert.isWanted
     readonly property bool hasDialog: root.isConfirmingReset || root.model.errorMessage !== "" || detail.hasDialog
 
     title: qsTr("Nestlet Companion")
@@ -101,19 +101,12 @@ T.ApplicationWindow {
         onChosen: (url, folderID) => root.model.detail.loadCustomImage(url, folderID)
     }
 
-    FileLoader {
+    DialogLoader {
         id: resetAlert
-        file: root.isConfirmingReset ? "ResetAlert.qml" : ""
+        dialogFile: "ResetAlert.qml"
         properties: ({
                 "model": root.model
             })
-    }
-    Connections {
-        target: resetAlert.item
-        ignoreUnknownSignals: true
-        function onClosed() {
-            root.isConfirmingReset = false;
-        }
     }
 
     // Made for the first error, and kept: it fades away when the error has gone.

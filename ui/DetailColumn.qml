@@ -22,13 +22,7 @@ Item {
                 "panels": root.panels,
                 "drag": root.drag
             })
-    }
-
-    Connections {
-        target: root.pane
-        function onPickImageRequested(folderID: string) {
-            root.pickImageRequested(folderID);
-        }
+        onMade: pane => pane.pickImageRequested.connect(root.pickImageRequested)
     }
 
     Loader {

@@ -1,38 +1,69 @@
 import QtQuick
+import Nestlet.Companion
 
-/// What a folder's icon will look like in the Dock. What it shows of the items fades into the next, and
-/// so do the folder of an empty one and its first item.
+/// What a folder's icon will look like in the Dock. What it shows of the items fades into the next.
 FolderIcon {
     id: root
 
-    // What it showed before the change that is just coming in, property by property.
-    property string shownFolderID
+    // What fades when the items change. Not while the folder becomes another, or what hides the items.
+    property bool isSettled: false
     property var shownURLs: []
     property int shownColumns: 1
 
     function remember() {
-        root.shownFolderID = root.folderID;
+        root.isSettled = true;
         root.shownURLs = root.previewURLs;
         root.shownColumns = root.previewColumns;
+    }
+    /// Keeps what is shown in view, over what comes.
+    function hold() {
+        if (!root.isSettled || root.hidesItems || Theme.changeDuration === 0)
+            return;
+        fading.stop();
+        former.urls = root.shownURLs;
+        former.columns = root.shownColumns;
+        former.opacity = 1;
+        former.active = true;
+    }
+    /// What has come is complete.
+    function fade() {
+        root.remember();
+        if (former.active)
+            fading.start();
+    }
+    /// What comes is no change of the items.
+    function drop() {
+        fading.stop();
+        former.active = false;
+        root.isSettled = false;
+        Qt.callLater(root.remember); // once all of what comes is here
     }
 
     radius: size * 0.22
     neutralTop: Theme.isDark ? Theme.grey(0.14) : Theme.grey(0.70)
     neutralBottom: Theme.isDark ? Theme.grey(0.08) : Theme.grey(0.46)
     emptySymbolOpacity: 0.65
-    fadeDuration: Theme.changeDuration
-    Component.onCompleted: root.remember()
-    onFolderIDChanged: {
-        fading.complete();
-        Qt.callLater(root.remember);
-    }
-    onPreviewColumnsChanged: Qt.callLater(root.remember)
+    onFolderIDChanged: root.drop()
+    onHidesItemsChanged: root.drop()
+    // From the first item on it is the grid that tells when its icons have come.
     onPreviewURLsChanged: {
-        const isFirstOrLast = (root.shownURLs.length > 0) !== (root.previewURLs.length > 0);
-        const isSeen = root.iconSymbol === "" && root.pictureSource === "";
-        if (isFirstOrLast && isSeen && root.shownFolderID === root.folderID && root.fadeDuration > 0)
-            former.fade();
-        Qt.callLater(root.remember);
+        const isEmpty = root.previewURLs.length === 0;
+        if (isEmpty !== (root.shownURLs.length === 0))
+            root.hold();
+        if (isEmpty)
+            root.fade();
+    }
+
+    Connections {
+        target: root.grid
+        function onReplaced() {
+            root.hold();
+            root.fade();
+        }
+        function onIsLoadedChanged() {
+            if (root.grid.isLoaded)
+                root.fade();
+        }
     }
 
     Loader {
@@ -41,13 +72,6 @@ FolderIcon {
 
         property var urls: []
         property int columns: 1
-
-        function fade() {
-            former.urls = root.shownURLs;
-            former.columns = root.shownColumns;
-            former.active = true;
-            fading.restart();
-        }
 
         anchors.fill: parent
         active: false
@@ -71,9 +95,8 @@ FolderIcon {
         id: fading
         target: former
         property: "opacity"
-        from: 1
         to: 0
-        duration: root.fadeDuration
+        duration: Theme.changeDuration
         easing.type: Easing.OutQuad
         onFinished: former.active = false
     }

@@ -10,6 +10,8 @@ Loader {
     /// What it is made with, and told when it changes.
     property var properties: ({})
     property bool isComplete: false // the properties are known only then
+    /// It is there: what it signals can be connected, until it is gone.
+    signal made(item: var)
 
     function load() {
         if (root.file === "")
@@ -23,6 +25,7 @@ Loader {
             root.item[name] = root.properties[name];
     }
 
+    onLoaded: root.made(root.item)
     onFileChanged: {
         if (root.isComplete)
             root.load();

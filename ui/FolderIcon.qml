@@ -16,15 +16,15 @@ Rectangle {
     required property color neutralTop
     required property color neutralBottom
     property real emptySymbolOpacity: 1
-    /// How long a change of the items takes to be seen, in milliseconds.
-    property int fadeDuration: 0
 
     readonly property bool isTinted: root.accentColorHex !== ""
     readonly property color tint: root.isTinted ? root.accentColorHex : root.neutralTop
     property bool isPictureBroken: false
     readonly property bool showsPicture: root.pictureSource !== "" && !root.isPictureBroken
-    readonly property bool showsSymbol: !root.showsPicture
-                                        && (root.iconSymbol !== "" || root.previewURLs.length === 0)
+    /// Something was chosen for the icon, so that it shows nothing of the items.
+    readonly property bool hidesItems: root.showsPicture || root.iconSymbol !== ""
+    /// Null while there is none.
+    readonly property ItemIconGrid grid: gridLoader.item as ItemIconGrid
     onPictureSourceChanged: root.isPictureBroken = false
 
     width: root.size
@@ -46,7 +46,7 @@ Rectangle {
 
     Symbol {
         anchors.centerIn: parent
-        visible: root.showsSymbol
+        visible: !root.showsPicture && !gridLoader.active
         name: root.iconSymbol !== "" ? root.iconSymbol : "folder.fill"
         size: root.size * 0.5
         color: Theme.onIcon
@@ -54,23 +54,23 @@ Rectangle {
     }
 
     Loader {
+        id: gridLoader
         anchors.fill: parent
-        active: !root.showsPicture && !root.showsSymbol
+        anchors.margins: root.size * 0.12
+        active: !root.hidesItems && root.previewURLs.length > 0
 
-        sourceComponent: FolderIconGrid {
-            anchors.fill: parent
-            anchors.margins: root.size * 0.12
+        sourceComponent: ItemIconGrid {
             folderID: root.folderID
             urls: root.previewURLs
+            rows: root.previewColumns
             columns: root.previewColumns
             spacing: root.size * 0.03
-            fadeDuration: root.fadeDuration
         }
     }
 
     Loader {
         anchors.fill: parent
-        active: root.pictureSource !== "" && !root.isPictureBroken
+        active: root.showsPicture
 
         sourceComponent: FolderPicture {
             source: root.pictureSource

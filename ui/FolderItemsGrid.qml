@@ -17,13 +17,9 @@ Item {
     required property real viewportHeight
     /// Whether files hover over something around the grid from which they would end up in it.
     property bool isSurroundingTargeted: false
-    property string draggedItemID
+    property alias draggedItemID: drag.itemID
     /// Over which files were last; null also when it is gone.
     property ItemDropTarget targetedCell: null
-    // What is seen of the items slides when rows come, go or move, but not when the window or the
-    // folder becomes another.
-    property int rearrangement: 0
-    property bool isRearranging: false
     readonly property bool isDropTargeted: dropTarget.isTargeted || (root.targetedCell?.isTargeted ?? false)
                                            || root.isSurroundingTargeted
     /// Whether something hovers over the window that may end up here.
@@ -66,29 +62,15 @@ Item {
             root.removeRequested(root.items.itemIDAt(grid.currentIndex));
     }
 
-    function beginRearranging() {
-        ++root.rearrangement;
-        root.isRearranging = true;
-        Qt.callLater(root.endRearranging);
-    }
-    function endRearranging() {
-        grid.forceLayout();
-        root.isRearranging = false;
+    RowRearrangement {
+        id: rearranging
+        items: root.items
+        view: grid
+        folderID: root.folderID
     }
 
-    onFolderIDChanged: root.isRearranging = false
-
-    Connections {
-        target: root.items // qmllint disable incompatible-type
-        function onRowsAboutToBeInserted() {
-            root.beginRearranging();
-        }
-        function onRowsAboutToBeRemoved() {
-            root.beginRearranging();
-        }
-        function onRowsAboutToBeMoved() {
-            root.beginRearranging();
-        }
+    FolderItemDrag {
+        id: drag
     }
 
     OutlinedRectangle {
@@ -178,8 +160,8 @@ Item {
             isLocked: root.isLocked
             draggedItemID: root.draggedItemID
             showsFocus: InputModality.isKeyboard
-            rearrangement: root.rearrangement
-            isRearranging: root.isRearranging
+            rearrangement: rearranging.count
+            isRearranging: rearranging.isGoingOn
             onFocused: grid.currentIndex = slot.index
             onPressed: {
                 grid.currentIndex = slot.index;
@@ -187,7 +169,7 @@ Item {
             }
             onRemoveRequested: root.removeRequested(slot.itemID)
             onMoveRequested: step => root.moveTo(slot.index, Math.max(0, Math.min(grid.count - 1, slot.index + step)))
-            onDragStarted: cell => dragSource.begin(slot.itemID, cell)
+            onDragStarted: cell => drag.begin(slot.itemID, cell)
 
             ItemDropTarget {
                 id: cellTarget
@@ -208,21 +190,5 @@ Item {
                 onItemDropped: root.draggedItemID = ""
             }
         }
-    }
-
-    // Outlives the cells, which come and go while an item is dragged about.
-    ItemDragSource {
-        id: dragSource
-
-        function begin(itemID: string, cell: FolderItemGridCell) {
-            cell.picture.grabToImage(result => {
-                if (!cell || !cell.isHeld) // let go meanwhile
-                    return;
-                root.draggedItemID = itemID;
-                dragSource.start(itemID, result.image, Screen.devicePixelRatio, Qt.point(cell.width / 2, 34));
-            });
-        }
-
-        onEnded: root.draggedItemID = ""
     }
 }

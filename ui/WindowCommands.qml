@@ -13,31 +13,19 @@ Item {
 
     Shortcut {
         sequence: "Ctrl+N"
-        enabled: !menuBar.active // which has it, as Command-N
+        enabled: menuBar.file === "" // which has it, as Command-N
         onActivated: root.newFolderRequested()
     }
 
-    Loader {
+    FileLoader {
         id: menuBar
-        active: Qt.platform.os === "osx"
-        source: "MacMenuBar.qml"
-    }
-
-    Binding {
-        target: menuBar.item
-        property: "isBlocked"
-        value: root.isBlocked
-        when: menuBar.item !== null
-    }
-
-    Connections {
-        target: menuBar.item
-        ignoreUnknownSignals: true
-        function onNewFolderRequested() {
-            root.newFolderRequested();
-        }
-        function onCloseRequested() {
-            root.closeRequested();
+        file: Qt.platform.os === "osx" ? "MacMenuBar.qml" : ""
+        properties: ({
+                "isBlocked": root.isBlocked
+            })
+        onMade: menus => {
+            menus.newFolderRequested.connect(root.newFolderRequested);
+            menus.closeRequested.connect(root.closeRequested);
         }
     }
 }

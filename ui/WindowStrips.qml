@@ -9,6 +9,13 @@ Column {
     /// The focus was in a strip that has gone.
     signal focusLost
 
+    function dismissUpdate() {
+        const hadFocus = updateStrip.activeFocus;
+        root.model.dismissUpdate();
+        if (hadFocus)
+            root.focusLost();
+    }
+
     FileLoader {
         width: parent.width
         file: root.model.isNestletInstalled ? "" : "NestletMissingBanner.qml"
@@ -23,19 +30,9 @@ Column {
                 "version": root.model.availableVersion
             })
         visible: item !== null
-    }
-
-    Connections {
-        target: updateStrip.item
-        ignoreUnknownSignals: true
-        function onDownloadRequested() {
-            root.model.downloadUpdate();
-        }
-        function onDismissed() {
-            const hadFocus = updateStrip.activeFocus;
-            root.model.dismissUpdate();
-            if (hadFocus)
-                root.focusLost();
+        onMade: strip => {
+            strip.downloadRequested.connect(root.model.downloadUpdate);
+            strip.dismissed.connect(root.dismissUpdate);
         }
     }
 }

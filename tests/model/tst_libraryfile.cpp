@@ -26,6 +26,7 @@ private Q_SLOTS:
     void onlyTheChangedFolderIsNew_data();
     void onlyTheChangedFolderIsNew();
     void aFolderWrittenDifferentlyIsStillShared();
+    void aFolderWrittenDifferentlyIsStillSharedBesideKnownOnes();
     void foldersAreSharedBeyondInsertionsRemovalsAndMoves();
     void aFailedLoadForgetsNothing();
     void tellsWhetherTheFileChanged();
@@ -210,6 +211,18 @@ void LibraryFileTest::aFolderWrittenDifferentlyIsStillShared()
     const QList<DockFolder> after = bench.file.load().folders.value();
     for (int i = 0; i < 4; ++i)
         QVERIFY(isShared(after.at(i), library.folders.at(i)));
+}
+
+void LibraryFileTest::aFolderWrittenDifferentlyIsStillSharedBesideKnownOnes()
+{
+    Bench bench;
+    QByteArray bytes = encodeLibrary(sampleLibrary());
+    bench.write(bytes);
+    const QList<DockFolder> before = bench.file.load().folders.value();
+    bench.write(bytes.replace(bytes.lastIndexOf("\"name\":"), 7, "\"name\" :"));
+    const QList<DockFolder> after = bench.file.load().folders.value();
+    for (int i = 0; i < 4; ++i)
+        QVERIFY(isShared(after.at(i), before.at(i)));
 }
 
 void LibraryFileTest::foldersAreSharedBeyondInsertionsRemovalsAndMoves()

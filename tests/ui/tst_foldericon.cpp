@@ -28,6 +28,7 @@ Window {
     property string symbol
     property string picture
     property var urls: []
+    property int columns: 2
     property bool isLocked: false
 
     width: 300
@@ -45,7 +46,7 @@ Window {
             iconSymbol: root.symbol
             pictureSource: root.picture
             previewURLs: root.urls
-            previewColumns: 2
+            previewColumns: root.columns
             isLocked: root.isLocked
         }
     }
@@ -58,7 +59,7 @@ Window {
             iconSymbol: root.symbol
             pictureSource: root.picture
             previewURLs: root.urls
-            previewColumns: 2
+            previewColumns: root.columns
         }
     }
     Loader {
@@ -90,13 +91,19 @@ private Q_SLOTS:
     void anEmptyFolderShowsAFolder();
     void theSymbolGoesBeforeTheItems();
     void itemsAreShownInAGrid();
-    void changedItemsFadeIn();
+    void changedItemsFade_data();
+    void changedItemsFade();
     void theFolderOfAnEmptyOneFadesIntoItsFirstItemAndBack();
+    void theFolderOfAnEmptyOneWaitsForTheFirstIcon();
     void anEmptyFolderAfterAnotherFadesToo();
     void nothingFadesFromOrToNoItems_data();
     void nothingFadesFromOrToNoItems();
+    void nothingFadesUnderASymbolOrFromIt();
     void nothingFades_data();
     void nothingFades();
+    void nothingFadesInTheSidebar();
+    void fadingEndsWhenSomethingElseIsShown_data();
+    void fadingEndsWhenSomethingElseIsShown();
     void missingItemsAreFaintSquares();
     void thePictureGoesBeforeTheSymbol();
     void aBrokenPictureFallsBack_data();
@@ -115,9 +122,11 @@ private:
     [[nodiscard]] bool isGrey(int y, double level) const;
     [[nodiscard]] QString pictureOf(const QByteArray &bytes);
     void addIcon(const QString &url, Qt::GlobalColor color);
-    [[nodiscard]] QQuickItem *currentGrid() const;
-    /// What fades away over the icon; null: nothing has.
+    /// What fades away over the icon; null: there never is.
     [[nodiscard]] QQuickItem *formerLook() const;
+    [[nodiscard]] bool isFading() const { return formerLook()->property("active").toBool(); }
+    /// Notes that pixel's colour at each step of a fade but the first and the last ones.
+    void watchFading(int x, int y, QList<QColor> &colors);
 
     FakeAppearance m_appearance;
     FakeWorkspace m_workspace;
@@ -321,40 +330,65 @@ void FolderIconTest::addIcon(const QString &url, Qt::GlobalColor color)
     m_workspace.icons.insert(FileURL::fromValidText(url), icon);
 }
 
-QQuickItem *FolderIconTest::currentGrid() const
-{
-    return descendant(icon(), [](const QQuickItem *item) {
-        return item->objectName() == QStringLiteral("currentGrid");
-    });
-}
-
-void FolderIconTest::changedItemsFadeIn()
-{
-    const QStringList red{QStringLiteral("file:///a")};
-    const QStringList blue{QStringLiteral("file:///b")};
-    addIcon(red.first(), Qt::red);
-    addIcon(blue.first(), Qt::blue);
-    QVERIFY(show(QStringLiteral("preview"), {{QStringLiteral("urls"), red}}));
-    QTRY_COMPARE(pixel(60, 60), QColor(Qt::red));
-    const QSignalSpy opacities(currentGrid(), SIGNAL(opacityChanged()));
-    // On a machine that is busy otherwise, a fade may be over at its second step.
-    bool hasSteps = false;
-    for (int attempt = 1; attempt <= 5 && !hasSteps; ++attempt) {
-        set("urls", blue);
-        QTRY_COMPARE(pixel(60, 60), QColor(Qt::blue));
-        set("urls", red);
-        QTRY_COMPARE(pixel(60, 60), QColor(Qt::red));
-        hasSteps = opacities.count() > attempt * 4; // there and back, its beginning and its end
-    }
-    QVERIFY(hasSteps);
-    QCOMPARE(currentGrid()->opacity(), 1.0);
-}
-
 QQuickItem *FolderIconTest::formerLook() const
 {
     return descendant(icon(), [](const QQuickItem *item) {
         return item->objectName() == QStringLiteral("formerLook");
     });
+}
+
+void FolderIconTest::watchFading(int x, int y, QList<QColor> &colors)
+{
+    connect(formerLook(), &QQuickItem::opacityChanged, this, [this, x, y, &colors] {
+        const double opacity = formerLook()->opacity();
+        if (opacity > 0.05 && opacity < 0.95)
+            colors.append(pixel(x, y));
+    });
+}
+
+void FolderIconTest::changedItemsFade_data()
+{
+    const QString a = QStringLiteral("file:///a");
+    const QString b = QStringLiteral("file:///b");
+    QTest::addColumn<QByteArray>("property");
+    QTest::addColumn<QVariant>("first");
+    QTest::addColumn<QVariant>("next");
+    QTest::newRow("other items") << QByteArray("urls") << QVariant(QStringList{a, b, b, a})
+                                 << QVariant(QStringList{a, b, b, b});
+    QTest::newRow("more columns") << QByteArray("columns") << QVariant(1) << QVariant(2);
+}
+
+void FolderIconTest::changedItemsFade()
+{
+    QFETCH(QByteArray, property);
+    QFETCH(QVariant, first);
+    QFETCH(QVariant, next);
+    addIcon(QStringLiteral("file:///a"), Qt::red);
+    addIcon(QStringLiteral("file:///b"), Qt::blue);
+    const QStringList urls{QStringLiteral("file:///a"), QStringLiteral("file:///b"),
+                           QStringLiteral("file:///b"), QStringLiteral("file:///b")};
+    QVariantMap properties{{QStringLiteral("urls"), urls}};
+    properties.insert(QString::fromLatin1(property), first);
+    QVERIFY(show(QStringLiteral("preview"), properties));
+    QTRY_COMPARE(pixel(140, 140), QColor(Qt::red));
+    QList<QColor> changing;
+    QList<QColor> remaining;
+    watchFading(140, 140, changing);
+    watchFading(60, 60, remaining);
+    // On a machine that is busy otherwise, a fade may be over at its second step.
+    for (int attempt = 1; attempt <= 5 && changing.size() < 4; ++attempt) {
+        set(property.constData(), next);
+        QTRY_COMPARE(pixel(140, 140), QColor(Qt::blue));
+        QTRY_VERIFY(!isFading());
+        set(property.constData(), first);
+        QTRY_COMPARE(pixel(140, 140), QColor(Qt::red));
+        QTRY_VERIFY(!isFading());
+    }
+    QVERIFY(changing.size() >= 4);
+    for (const QColor &color : changing)
+        QVERIFY2(color.red() > 0 && color.blue() > 0, qPrintable(color.name()));
+    for (const QColor &color : remaining) // the grey ground shines through by a quarter at most
+        QVERIFY2(color.red() > 225 && color.blue() < 45, qPrintable(color.name()));
 }
 
 void FolderIconTest::theFolderOfAnEmptyOneFadesIntoItsFirstItemAndBack()
@@ -363,26 +397,37 @@ void FolderIconTest::theFolderOfAnEmptyOneFadesIntoItsFirstItemAndBack()
     addIcon(red.first(), Qt::red);
     QVERIFY(show(QStringLiteral("preview"), {{QStringLiteral("tint"), QStringLiteral("#000000")}}));
     QVERIFY(symbol(QStringLiteral("folder.fill")));
-    QList<double> steps;
-    connect(formerLook(), &QQuickItem::opacityChanged, this,
-            [&] { steps.append(formerLook()->opacity()); });
-    bool hasSteps = false; // on a machine that is busy otherwise, a fade may be over at its second
-    for (int attempt = 1; attempt <= 5 && !hasSteps; ++attempt) {
-        steps.clear();
+    QList<QColor> colors; // beside the folder, where the item will be
+    watchFading(40, 40, colors);
+    // On a machine that is busy otherwise, a fade may be over at its second step.
+    for (int attempt = 1; attempt <= 5 && colors.size() < 4; ++attempt) {
         set("urls", red);
+        QCOMPARE(pixel(40, 40), QColor(Qt::black)); // no empty grid
         QVERIFY(symbol(QStringLiteral("folder.fill"))); // still
-        QTRY_COMPARE(pixel(60, 60), QColor(Qt::red));
+        QTRY_COMPARE(pixel(40, 40), QColor(Qt::red));
         QTRY_VERIFY(!symbol(QStringLiteral("folder.fill")));
         set("urls", QStringList());
-        QVERIFY(currentGrid()); // still
-        QTRY_VERIFY(!currentGrid());
+        QCOMPARE(pixel(40, 40), QColor(Qt::red));
+        QVERIFY(itemGrid()); // still
+        QTRY_VERIFY(!itemGrid());
         QCOMPARE(pixel(40, 40), QColor(Qt::black));
         QVERIFY(symbol(QStringLiteral("folder.fill")));
-        hasSteps
-            = std::ranges::count_if(steps, [](double step) { return step > 0 && step < 1; }) >= 2;
     }
-    QVERIFY(hasSteps);
-    QCOMPARE(steps.last(), 0.0);
+    QVERIFY(colors.size() >= 4);
+    for (const QColor &color : colors)
+        QVERIFY2(color.red() > 0 && color.green() == 0, qPrintable(color.name()));
+}
+
+void FolderIconTest::theFolderOfAnEmptyOneWaitsForTheFirstIcon()
+{
+    QVERIFY(show(QStringLiteral("preview")));
+    icon()->setVisible(false); // so that no icon is loaded
+    set("urls", QStringList{QStringLiteral("file:///a")});
+    QTest::qWait(100);
+    QVERIFY(isFading());
+    QCOMPARE(formerLook()->opacity(), 1.0);
+    icon()->setVisible(true);
+    QTRY_VERIFY(!isFading());
 }
 
 void FolderIconTest::nothingFadesFromOrToNoItems_data()
@@ -408,7 +453,19 @@ void FolderIconTest::nothingFadesFromOrToNoItems()
     QVERIFY(show(QStringLiteral("preview")));
     for (const QByteArray &name : order)
         set(name.constData(), values.value(QString::fromLatin1(name)));
-    QVERIFY(!formerLook()->property("active").toBool());
+    QVERIFY(!isFading());
+}
+
+void FolderIconTest::nothingFadesUnderASymbolOrFromIt()
+{
+    QVERIFY(
+        show(QStringLiteral("preview"), {{QStringLiteral("symbol"), QStringLiteral("star.fill")}}));
+    QCoreApplication::processEvents();
+    set("urls", QStringList{QStringLiteral("file:///a")});
+    QVERIFY(!isFading());
+    set("symbol", QString());
+    set("urls", QStringList{QStringLiteral("file:///b")});
+    QVERIFY(!isFading());
 }
 
 // Nor is one folder's look forgotten over another's that looks the same.
@@ -419,37 +476,71 @@ void FolderIconTest::anEmptyFolderAfterAnotherFadesToo()
     set("folder", QStringLiteral("G"));
     QCoreApplication::processEvents();
     set("urls", red);
-    QVERIFY(formerLook()->property("active").toBool());
-    QTRY_VERIFY(!formerLook()->property("active").toBool());
+    QVERIFY(isFading());
+    QTRY_VERIFY(!isFading());
 }
 
 void FolderIconTest::nothingFades_data()
 {
-    QTest::addColumn<QString>("kind");
     QTest::addColumn<QString>("folder");
     QTest::addColumn<bool>("reducesMotion");
-    QTest::newRow("into another folder")
-        << QStringLiteral("preview") << QStringLiteral("G") << false;
-    QTest::newRow("with reduced motion")
-        << QStringLiteral("preview") << QStringLiteral("F") << true;
-    QTest::newRow("in the sidebar") << QStringLiteral("thumbnail") << QStringLiteral("F") << false;
+    QTest::newRow("into another folder") << QStringLiteral("G") << false;
+    QTest::newRow("with reduced motion") << QStringLiteral("F") << true;
 }
 
 void FolderIconTest::nothingFades()
 {
-    QFETCH(QString, kind);
     QFETCH(QString, folder);
     QFETCH(bool, reducesMotion);
     m_appearance.change({.reducesMotion = reducesMotion});
     addIcon(QStringLiteral("file:///a"), Qt::red);
     addIcon(QStringLiteral("file:///b"), Qt::blue);
-    QVERIFY(show(kind, {{QStringLiteral("urls"), QStringList{QStringLiteral("file:///a")}}}));
+    QVERIFY(show(QStringLiteral("preview"),
+                 {{QStringLiteral("urls"), QStringList{QStringLiteral("file:///a")}}}));
     QTRY_COMPARE(pixel(60, 60), QColor(Qt::red));
-    const QSignalSpy opacities(currentGrid(), SIGNAL(opacityChanged()));
+    const QSignalSpy fadings(formerLook(), SIGNAL(activeChanged()));
     set("urls", QStringList{QStringLiteral("file:///b")});
     set("folder", folder);
     QTRY_COMPARE(pixel(60, 60), QColor(Qt::blue));
-    QCOMPARE(opacities.count(), 0);
+    QCOMPARE(fadings.count(), 0);
+}
+
+void FolderIconTest::nothingFadesInTheSidebar()
+{
+    addIcon(QStringLiteral("file:///a"), Qt::red);
+    addIcon(QStringLiteral("file:///b"), Qt::blue);
+    QVERIFY(show(QStringLiteral("thumbnail"),
+                 {{QStringLiteral("urls"), QStringList{QStringLiteral("file:///a")}}}));
+    QTRY_COMPARE(pixel(60, 60), QColor(Qt::red));
+    set("urls", QStringList{QStringLiteral("file:///b")});
+    QList<QColor> others;
+    const auto isBlue = [&] {
+        const QColor color = pixel(60, 60);
+        if (color != QColor(Qt::red) && color != QColor(Qt::blue))
+            others.append(color);
+        return color == QColor(Qt::blue);
+    };
+    QTRY_VERIFY(isBlue());
+    QCOMPARE(others, QList<QColor>());
+}
+
+void FolderIconTest::fadingEndsWhenSomethingElseIsShown_data()
+{
+    QTest::addColumn<QByteArray>("property");
+    QTest::newRow("another folder") << QByteArray("folder");
+    QTest::newRow("a symbol") << QByteArray("symbol");
+    QTest::newRow("a picture") << QByteArray("picture");
+}
+
+void FolderIconTest::fadingEndsWhenSomethingElseIsShown()
+{
+    QFETCH(QByteArray, property);
+    QVERIFY(show(QStringLiteral("preview")));
+    set("urls", QStringList{QStringLiteral("file:///a")});
+    QVERIFY(isFading());
+    set(property.constData(),
+        property == "picture" ? pictureOf(pngOf(Qt::green)) : QStringLiteral("globe"));
+    QVERIFY(!isFading());
 }
 
 void FolderIconTest::missingItemsAreFaintSquares()

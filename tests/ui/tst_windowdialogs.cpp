@@ -22,6 +22,8 @@ private Q_SLOTS:
     void aLongErrorIsScrolledByKeys();
     void anErrorThatComesWhileTheLastOneFadesIsShown();
     void theMenusKnowOfEveryDialog();
+    void theWindowMayGoBeforeItsDialog_data();
+    void theWindowMayGoBeforeItsDialog();
 
 private:
     CompanionStore &store() { return *m_window->store; }
@@ -221,6 +223,27 @@ void WindowDialogsTest::theMenusKnowOfEveryDialog()
     QTRY_VERIFY(!hasDialog());
     m_window->click(m_window->named("addAppsButton"));
     QTRY_VERIFY(hasDialog());
+}
+
+void WindowDialogsTest::theWindowMayGoBeforeItsDialog_data()
+{
+    QTest::addColumn<QString>("menu");
+    QTest::addColumn<QString>("entry");
+    QTest::addColumn<QByteArray>("dialog");
+    QTest::newRow("over the window") << QStringLiteral("More") << QStringLiteral("Reset Companion…")
+                                     << QByteArray("resetDialog");
+    QTest::newRow("over a folder") << QStringLiteral("Folder Actions")
+                                   << QStringLiteral("Remove Folder") << QByteArray("removeDialog");
+}
+
+void WindowDialogsTest::theWindowMayGoBeforeItsDialog()
+{
+    QFETCH(QString, menu);
+    QFETCH(QString, entry);
+    QFETCH(QByteArray, dialog);
+    QVERIFY(m_window->choose(menu, entry));
+    QVERIFY(opens(dialog.constData()));
+    m_window.reset(); // without a warning
 }
 
 QTEST_MAIN(WindowDialogsTest)
