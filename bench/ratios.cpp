@@ -114,7 +114,7 @@ std::string verdict(const Reference &reference, double oursToReference)
         return printed("%7.2f x faster    ", faster) + printed("goal %g x", reference.timesFaster)
             + met(faster >= reference.timesFaster);
     }
-    const std::string longer = printed("%7.3f x its time  ", oursToReference);
+    std::string longer = printed("%7.3f x its time  ", oursToReference);
     if (reference.timesLonger <= 0)
         return longer;
     return longer + printed("goal %g x", reference.timesLonger)

@@ -62,7 +62,7 @@ private:
     }
     FileURL makeProxy(const QString &fileName, const QUuid &folderID)
     {
-        const FileURL url = proxy(fileName);
+        FileURL url = proxy(fileName);
         writeInfoPlist(url, {{QStringLiteral("DockFolderID"), uuidText(folderID)}}, m_files);
         return url;
     }

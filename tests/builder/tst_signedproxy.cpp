@@ -65,7 +65,7 @@ private:
     }
     FileURL build() const
     {
-        const FileURL proxy = m_proxies->proxyAppURL(folder);
+        FileURL proxy = m_proxies->proxyAppURL(folder);
         m_files.createDirectories(m_proxies->url());
         try {
             m_builder->buildProxy(m_templateApp->locateNestletApp(), proxy, folder);

@@ -19,7 +19,7 @@ struct StandInApplications {
     /// An application at a path below the root, made of Info.plist's keys and a program's text.
     FileURL make(const QString &path, const QVariantMap &info, const QByteArray &program) const
     {
-        const FileURL bundle = FileURL::directory(root() + path);
+        FileURL bundle = FileURL::directory(root() + path);
         const FileURL contents = bundle.appendingDirectory(QStringLiteral("Contents"));
         const FileURL executable = contents.appendingDirectory(QStringLiteral("MacOS"))
                                        .appendingFile(QStringLiteral("tool"));

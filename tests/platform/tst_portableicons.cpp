@@ -105,7 +105,7 @@ void PortableIconsTest::init()
 
 FileURL PortableIconsTest::write(const QString &path, const QByteArray &bytes)
 {
-    const FileURL url = m_mac.at(path);
+    FileURL url = m_mac.at(path);
     m_mac.files.createDirectories(url.deletingLastPathComponent());
     m_mac.files.writeAtomically(url, bytes);
     return url;
@@ -160,12 +160,13 @@ void PortableIconsTest::readsEveryKindOfElement_data()
              {"ic04", 16}, {"ic05", 32}, {"icsb", 18}, {"icsB", 36}})
         QTest::addRow("%s as planes", type)
             << iconFile({{type, argb(faint, side)}}) << side << faint;
-    const auto withMask = [&](const char *type, const char *mask, int side,
-                              const QByteArray &padding = {}) {
-        QTest::addRow("%s with its mask", type) << iconFile(
-            {{mask, QByteArray(side * side, char(77))}, {type, padding + planes(faint, side)}})
-                                                << side << faint;
-    };
+    const auto withMask
+        = [&](const char *type, const char *mask, int side, const QByteArray &padding = {}) {
+              QTest::addRow("%s with its mask", type)
+                  << iconFile({{mask, QByteArray(qsizetype{side} * side, char(77))},
+                               {type, padding + planes(faint, side)}})
+                  << side << faint;
+          };
     withMask("is32", "s8mk", 16);
     withMask("il32", "l8mk", 32);
     withMask("ih32", "h8mk", 48);

@@ -10,6 +10,7 @@
 
 #include <cmath>
 #include <limits>
+#include <ranges>
 
 namespace {
 
@@ -159,8 +160,8 @@ void PropertyListTest::equalValuesGiveEqualBytes()
     QVariantMap reversed;
     const QVariantMap map = sample();
     const QStringList keys = map.keys();
-    for (auto key = keys.crbegin(); key != keys.crend(); ++key)
-        reversed.insert(*key, map.value(*key));
+    for (const QString &key : keys | std::views::reverse)
+        reversed.insert(key, map.value(key));
     for (const PropertyListFormat format : {PropertyListFormat::XML, PropertyListFormat::Binary}) {
         const QByteArray bytes = serializePropertyList(map, format);
         QCOMPARE(serializePropertyList(reversed, format), bytes);

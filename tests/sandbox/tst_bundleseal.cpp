@@ -54,7 +54,7 @@ private:
     }
     QString entitlements(const QByteArray &text)
     {
-        const QString path = m_dir->filePath(QStringLiteral("entitlements.plist"));
+        QString path = m_dir->filePath(QStringLiteral("entitlements.plist"));
         writeFile(path, text);
         return path;
     }

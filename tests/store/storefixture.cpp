@@ -67,7 +67,7 @@ void StoreFixture::installNestlet()
 FileURL StoreFixture::installProxyBundle(const DockFolder &folder, const QString &fileName)
 {
     const QString name = fileName.isEmpty() ? folder.name : fileName;
-    const FileURL bundle = proxyDirectory.url().appendingDirectory(name + QStringLiteral(".app"));
+    FileURL bundle = proxyDirectory.url().appendingDirectory(name + QStringLiteral(".app"));
     writeInfoPlist(bundle,
                    {{QStringLiteral("DockFolderID"), uuidText(folder.id)},
                     {QStringLiteral("CFBundleDisplayName"), folder.name}},

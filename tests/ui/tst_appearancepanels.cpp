@@ -97,7 +97,7 @@ QString AppearancePanelsTest::writeImage(const QString &name) const
     home.mkpath(QStringLiteral("Pictures"));
     QImage image(8, 8, QImage::Format_RGB32);
     image.fill(Qt::red);
-    const QString path = home.filePath(QStringLiteral("Pictures/") + name);
+    QString path = home.filePath(QStringLiteral("Pictures/") + name);
     image.save(path);
     return path;
 }
