@@ -21,7 +21,7 @@ QImage fitted(const QImage &picture, int side)
     if (picture.isNull() || picture.size() == QSize(side, side))
         return picture;
     QImage scaled = picture.convertToFormat(QImage::Format_ARGB32_Premultiplied)
-                              .scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+                        .scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation);
     if (scaled.width() == scaled.height())
         return scaled;
     QImage square(side, side, QImage::Format_ARGB32_Premultiplied);
