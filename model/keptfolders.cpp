@@ -96,8 +96,10 @@ private:
     {
         for (const size_t place : m_decoded)
             m_bytes[place].json.detach();
-        for (const qsizetype place : m_pictured)
-            m_folders[place].customIconData->detach();
+        for (const qsizetype place : m_pictured) {
+            if (auto &picture = m_folders[place].customIconData)
+                picture->detach();
+        }
     }
 
     const KeptFolders &m_kept;

@@ -98,9 +98,9 @@ void useLargePages(char *memory, qsizetype size)
     if (size < leastSize)
         return;
     const auto page = static_cast<quintptr>(::sysconf(_SC_PAGESIZE));
-    const auto begin = (reinterpret_cast<quintptr>(memory) + page - 1) / page * page;
-    const auto end = reinterpret_cast<quintptr>(memory + size) / page * page;
-    ::madvise(reinterpret_cast<void *>(begin), end - begin, MADV_HUGEPAGE); // or it stays as it is
+    const quintptr offset = (page - reinterpret_cast<quintptr>(memory) % page) % page;
+    const size_t length = (static_cast<size_t>(size) - offset) / page * page;
+    ::madvise(memory + offset, length, MADV_HUGEPAGE); // or it stays as it is
 }
 
 int copyContents(int from, int to, qint64 size, CopySupport &support)
