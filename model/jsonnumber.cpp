@@ -107,8 +107,9 @@ std::optional<qint64> integerOfJSONNumber(QByteArrayView number)
     if (decimal.exponent < 0 || decimal.digits.size() + decimal.exponent > mostDigits)
         return std::nullopt;
     decimal.digits.append(qsizetype(decimal.exponent), '0');
+    if (decimal.isNegative)
+        decimal.digits.prepend('-');
     bool fits = false;
-    const qint64 value
-        = (decimal.isNegative ? '-' + decimal.digits : decimal.digits).toLongLong(&fits);
+    const qint64 value = decimal.digits.toLongLong(&fits);
     return fits ? std::optional(value) : std::nullopt;
 }
