@@ -50,6 +50,8 @@ private:
     }
     void useSystemPanels();
     QString writeImage(const QString &name) const;
+    static constexpr int manyImages = 40; // more than the open panel has room for
+    void writeManyImages() const;
     void openColorPanel() const;
     void typeHexColor(const QByteArray &hex);
     [[nodiscard]] QAccessibleInterface *slider(const char *name) const
@@ -100,6 +102,12 @@ QString AppearancePanelsTest::writeImage(const QString &name) const
     QString path = home.filePath(QStringLiteral("Pictures/") + name);
     image.save(path);
     return path;
+}
+
+void AppearancePanelsTest::writeManyImages() const
+{
+    for (int number = 0; number < manyImages; ++number)
+        writeImage(text("picture%1.png").arg(number));
 }
 
 void AppearancePanelsTest::theSystemsColorPanelGetsTheFoldersColor()
@@ -329,12 +337,11 @@ void AppearancePanelsTest::theOpenPanelChoosesByKeyboard()
 
 void AppearancePanelsTest::theOpenPanelGoesByPages()
 {
-    for (int number = 0; number < 40; ++number)
-        writeImage(text("picture%1.png").arg(number));
+    writeManyImages();
     QQuickWindow *panel = openImagePanel();
     QVERIFY(panel);
     const QQuickItem *const list = childNamed(panel->contentItem(), "fileList");
-    QTRY_COMPARE(list->property("count").toInt(), 40);
+    QTRY_COMPARE(list->property("count").toInt(), manyImages);
     const auto row = [list] { return list->property("currentIndex").toInt(); };
     QTest::keyClick(panel, Qt::Key_PageDown);
     const int page = row();
@@ -348,7 +355,7 @@ void AppearancePanelsTest::theOpenPanelGoesByPages()
     QCOMPARE(row(), 0);
     for (int key = 0; key < 8; ++key)
         QTest::keyClick(panel, Qt::Key_PageDown);
-    QCOMPARE(row(), 39);
+    QCOMPARE(row(), manyImages - 1);
 }
 
 void AppearancePanelsTest::theOpenPanelTakesAPath()
@@ -397,12 +404,11 @@ void AppearancePanelsTest::theOpenPanelTakesNoOtherFileByItsPath()
 
 void AppearancePanelsTest::theOpenPanelScrollsByTheWheel()
 {
-    for (int number = 0; number < 40; ++number)
-        writeImage(text("picture%1.png").arg(number));
+    writeManyImages();
     QQuickWindow *panel = openImagePanel();
     QVERIFY(panel);
     const QQuickItem *const list = childNamed(panel->contentItem(), "fileList");
-    QTRY_COMPARE(list->property("count").toInt(), 40);
+    QTRY_COMPARE(list->property("count").toInt(), manyImages);
     const QPoint place = list->mapToScene(QPointF(40, 40)).toPoint();
     QWheelEvent event(place, panel->mapToGlobal(place), QPoint(), QPoint(0, -360), Qt::NoButton,
                       Qt::NoModifier, Qt::NoScrollPhase, false);
