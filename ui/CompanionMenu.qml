@@ -12,6 +12,17 @@ T.Menu {
         return width;
     }
 
+    // With Up, a menu that has just been opened begins at its end. The template's own keys do not.
+    function highlightLast() {
+        for (let i = root.count - 1; i >= 0; --i) {
+            const item = root.itemAt(i);
+            if (item.enabled && item instanceof T.MenuItem) {
+                root.currentIndex = i;
+                return;
+            }
+        }
+    }
+
     implicitWidth: implicitBackgroundWidth
     implicitHeight: contentHeight + topPadding + bottomPadding
     overlap: 1
@@ -39,4 +50,10 @@ T.Menu {
         currentIndex: root.currentIndex
     }
     delegate: CompanionMenuItem {}
+
+    Shortcut {
+        sequence: "Up"
+        enabled: root.opened && root.currentIndex < 0
+        onActivated: root.highlightLast()
+    }
 }

@@ -15,6 +15,7 @@ private Q_SLOTS:
     void buttonsActByReturnAndSpace_data();
     void buttonsActByReturnAndSpace();
     void aMenuIsUsedByKeyboard();
+    void upBeginsAtTheEndOfAMenu();
     void aMenuSkipsWhatIsDisabled();
     void escapeClosesAMenuAndTheFocusGoesBack();
     void escapeCancelsADialogAndTheFocusGoesBack();
@@ -181,6 +182,23 @@ void WindowFocusTest::aMenuIsUsedByKeyboard()
     press(Qt::Key_Return);
     QTRY_VERIFY(m_window->isOpen("resetDialog"));
     QTRY_VERIFY(!m_window->item(QAccessible::MenuItem, QStringLiteral("Add All to Dock")));
+}
+
+void WindowFocusTest::upBeginsAtTheEndOfAMenu()
+{
+    const auto isHighlighted = [this](const char *entry) {
+        const QQuickItem *item = m_window->item(QAccessible::MenuItem, QString::fromUtf8(entry));
+        return item && item->property("highlighted").toBool();
+    };
+    focus(m_window->button(QStringLiteral("More")));
+    press(Qt::Key_Return);
+    QTRY_VERIFY(m_window->item(QAccessible::MenuItem, QStringLiteral("Add All to Dock")));
+    press(Qt::Key_Up);
+    QTRY_VERIFY(isHighlighted("Reset Companion…"));
+    press(Qt::Key_Up);
+    QVERIFY(isHighlighted("Add All to Dock"));
+    press(Qt::Key_Up); // no further
+    QVERIFY(isHighlighted("Add All to Dock"));
 }
 
 void WindowFocusTest::aMenuSkipsWhatIsDisabled()
