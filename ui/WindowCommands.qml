@@ -13,6 +13,7 @@ Item {
 
     Shortcut {
         sequence: "Ctrl+N"
+        autoRepeat: false
         enabled: menuBar.file === "" // which has it, as Command-N
         onActivated: root.newFolderRequested()
     }

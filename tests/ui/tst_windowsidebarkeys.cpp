@@ -25,6 +25,7 @@ private Q_SLOTS:
     void aKeyThatActsSelectsTheFirstRow_data();
     void aKeyThatActsSelectsTheFirstRow();
     void aHeldReturnPressesOnce();
+    void aHeldShortcutActsOnce();
     void theFirstAndTheLastRowsRingsAreWhole();
     void selectingElsewhereRevealsTheRow();
     void aNewFolderIsRevealed();
@@ -319,6 +320,16 @@ void WindowSidebarKeysTest::aHeldReturnPressesOnce()
     QCOMPARE(order().size(), 5);
     press(Qt::Key_Return);
     QCOMPARE(order().size(), 6);
+}
+
+void WindowSidebarKeysTest::aHeldShortcutActsOnce()
+{
+    press(Qt::Key_N, Qt::ControlModifier);
+    for (int repeat = 0; repeat < 3; ++repeat) {
+        QTest::simulateEvent(m_window->window, true, Qt::Key_N, Qt::ControlModifier, QString(),
+                             true);
+    }
+    QCOMPARE(order().size(), 5);
 }
 
 QTEST_MAIN(WindowSidebarKeysTest)
