@@ -31,9 +31,11 @@ void drawLines(QPainter &painter, int side)
     const double step = isDetailed ? 10 : 18;
     setStroke(painter, QColor(0xa8, 0xab, 0xb2), isDetailed ? 3.5 : 8);
     painter.drawLine(QPointF(38, 34), QPointF(66, 34));
-    double y = 34 + step;
-    for (; y <= 92; y += step)
-        painter.drawLine(QPointF(38, y), QPointF(y + step > 92 ? 68 : 90, y));
+    const int lines = isDetailed ? 5 : 3;
+    for (int line = 1; line <= lines; ++line) {
+        const double y = 34 + line * step;
+        painter.drawLine(QPointF(38, y), QPointF(line == lines ? 68 : 90, y));
+    }
 }
 
 void drawCode(QPainter &painter, int side)
@@ -124,9 +126,11 @@ void drawZipper(QPainter &painter, int side)
     const bool isDetailed = side >= leastDetailedSide;
     const double step = isDetailed ? 6 : 12;
     fill(painter, QColor(0x9a, 0x9d, 0xa6));
-    int tooth = 0;
-    for (double y = 10; y < 66; y += step, ++tooth)
-        painter.drawRect(QRectF(tooth % 2 == 0 ? 52 : 59, y, 9, step - (isDetailed ? 2 : 4)));
+    const int teeth = isDetailed ? 10 : 5;
+    for (int tooth = 0; tooth < teeth; ++tooth) {
+        painter.drawRect(
+            QRectF(tooth % 2 == 0 ? 52 : 59, 10 + tooth * step, 9, step - (isDetailed ? 2 : 4)));
+    }
     fill(painter, downwards(66, 94, QColor(0xa6, 0xa9, 0xb2), QColor(0x7d, 0x80, 0x8a)));
     painter.drawRoundedRect(QRectF(52, 66, 16, 26), 5, 5);
     fill(painter, QColor(0xf4, 0xf4, 0xf6));
