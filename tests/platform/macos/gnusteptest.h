@@ -29,7 +29,8 @@ template <typename Test> int runWithFoundation(int argc, char **argv)
     if (!qEnvironmentVariableIsSet("GNUSTEP_CONFIG_FILE")) {
         const QTemporaryDir directory;
         keepGNUstepInside(directory);
-        return QProcess::execute(application.applicationFilePath(), application.arguments().mid(1));
+        return QProcess::execute(QCoreApplication::applicationFilePath(),
+                                 QCoreApplication::arguments().mid(1));
     }
     Test test;
     return QTest::qExec(&test, argc, argv);
