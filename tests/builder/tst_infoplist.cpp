@@ -12,6 +12,7 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+#include <array>
 #include <filesystem>
 
 namespace {
@@ -35,8 +36,8 @@ QByteArray dictWithID(const QByteArray &value)
 void setModified(const FileURL &url, qint64 seconds, qint64 nanoseconds)
 {
     const timespec time{.tv_sec = seconds, .tv_nsec = nanoseconds};
-    const timespec times[] = {time, time};
-    QCOMPARE(::utimensat(AT_FDCWD, url.path().toUtf8().constData(), times, 0), 0);
+    const std::array times{time, time};
+    QCOMPARE(::utimensat(AT_FDCWD, url.path().toUtf8().constData(), times.data(), 0), 0);
 }
 
 } // namespace

@@ -203,6 +203,7 @@ void DroppedURLsTest::loadsMayEndOnAnyThreadInAnyOrder()
         const auto drop = FakeDropInfo::withFiles(qsizetype{threadCount} * loadsPerThread);
         collectDroppedFileURLs(drop, report.completion());
         std::vector<std::thread> threads;
+        threads.reserve(threadCount);
         for (int t = 0; t < threadCount; ++t) {
             threads.emplace_back([&drop, t] {
                 for (int i = t; i < drop.items.size(); i += threadCount)
@@ -308,12 +309,13 @@ void DroppedURLsTest::applicationMayEndWhileLoadsDo()
 void DroppedURLsTest::collectorTakesURLsFromManyThreads()
 {
     constexpr int threadCount = 8;
-    constexpr int urlsPerThread = 500;
+    constexpr qsizetype urlsPerThread = 500;
     CompanionURLCollector collector;
     std::vector<std::thread> threads;
+    threads.reserve(threadCount);
     for (int t = 0; t < threadCount; ++t) {
         threads.emplace_back([&collector, t] {
-            for (int i = 0; i < urlsPerThread; ++i)
+            for (qsizetype i = 0; i < urlsPerThread; ++i)
                 collector.append(FileURL::file(u"/%1/%2"_s.arg(t).arg(i)));
         });
     }

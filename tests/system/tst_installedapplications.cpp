@@ -324,7 +324,7 @@ void InstalledApplicationsTest::fiveThousandApplicationsAreInReferenceOrder()
         makeFile(path); // quicker than directories, and no less an application here
         expected.append(path);
     }
-    QCollator collator(QLocale(QLocale::German));
+    QCollator collator{QLocale(QLocale::German)};
     collator.setCaseSensitivity(Qt::CaseInsensitive);
     const auto nameOf = [](const QString &path) { return path.sliced(path.lastIndexOf(u'/') + 1); };
     std::ranges::sort(expected, [&](const QString &a, const QString &b) {
