@@ -6,7 +6,6 @@ set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
-set(CMAKE_AUTOMOC ON)
 if(NOT CMAKE_BUILD_TYPE)
   set(CMAKE_BUILD_TYPE Release)
 endif()
@@ -52,7 +51,6 @@ endif()
 function(companion_read_headers_once target)
   if(NOT TARGET companion_headers)
     add_library(companion_headers OBJECT "${CMAKE_SOURCE_DIR}/cmake/headers.cpp")
-    set_target_properties(companion_headers PROPERTIES AUTOMOC OFF)
     target_link_libraries(companion_headers PRIVATE companion_options QCoro::Core Qt6::Core)
     target_precompile_headers(companion_headers PRIVATE
       <QByteArray> <QCoreApplication> <QCoroTask> <QDir> <QFileInfo> <QHash> <QList> <QLocale> <QObject>
@@ -63,6 +61,7 @@ function(companion_read_headers_once target)
 endfunction()
 
 # companion_room(<room> SOURCES ... [LINK ...] [PRIVATE_LINK ...])
+# A target whose classes need moc asks for AUTOMOC itself: most do not, and for those it is dear.
 # Makes the static library companion_<room> from the files of this folder. Whoever links it can
 # include "<room>/file.h", through a folder that holds nothing but a link to this one.
 function(companion_room room)
