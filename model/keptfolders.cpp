@@ -58,6 +58,7 @@ public:
         m_folders.append(m_kept.m_folders.at(place));
         m_bytes.push_back(m_kept.m_bytes.at(size_t(place)));
         ++m_knownCount;
+        ++m_takenOverCount;
         return m_bytes.back().json.size();
     }
 
@@ -69,6 +70,7 @@ public:
         const qsizetype place = m_finder.find(folder.id);
         if (place >= 0 && m_kept.m_folders.at(place) == folder) {
             m_folders.append(m_kept.m_folders.at(place));
+            ++m_takenOverCount;
             return;
         }
         if (folder.customIconData)
@@ -76,8 +78,9 @@ public:
         m_folders.append(std::move(folder));
     }
 
-    // What is decoded points into the file: the whole file is kept for it when nothing else is
-    // kept, otherwise a copy of those few bytes, and the pictures in them.
+    // What is decoded points into the file. The bytes go with the next file or encoding: the whole
+    // file is kept for them unless some were known. Pictures stay as long as their folders: they
+    // keep the file only when it holds all of them, or each would come to keep a file of its own.
     void moveInto(KeptFolders &kept, const QByteArray &file)
     {
         const bool isUnchanged = m_decoded.empty() && m_knownCount == kept.m_folders.size();
@@ -86,16 +89,22 @@ public:
         if (m_knownCount == 0)
             kept.m_file = file;
         else
-            detach();
+            detachBytes();
+        if (m_takenOverCount > 0)
+            detachPictures();
         kept.m_folders = std::move(m_folders);
         kept.m_bytes = std::move(m_bytes);
     }
 
 private:
-    void detach()
+    void detachBytes()
     {
         for (const size_t place : m_decoded)
             m_bytes[place].json.detach();
+    }
+
+    void detachPictures()
+    {
         for (const qsizetype place : m_pictured) {
             if (auto &picture = m_folders[place].customIconData)
                 picture->detach();
@@ -108,7 +117,8 @@ private:
     std::vector<Bytes> m_bytes;
     std::vector<size_t> m_decoded; ///< places whose bytes are in the file
     QList<qsizetype> m_pictured; ///< places whose pictures are
-    qsizetype m_knownCount{};
+    qsizetype m_knownCount{}; ///< whose bytes are kept already
+    qsizetype m_takenOverCount{}; ///< the same, and folders that are equal to kept ones
 };
 
 std::optional<QList<DockFolder>> KeptFolders::decode(const QByteArray &file)

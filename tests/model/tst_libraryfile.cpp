@@ -1,3 +1,4 @@
+#include "model/keptfolders.h"
 #include "model/libraryfile.h"
 #include "model/libraryjson.h"
 #include "tests/fakes/fakedirectories.h"
@@ -27,6 +28,7 @@ private Q_SLOTS:
     void onlyTheChangedFolderIsNew();
     void aFolderWrittenDifferentlyIsStillShared();
     void aFolderWrittenDifferentlyIsStillSharedBesideKnownOnes();
+    void theOnlyNewPictureDoesNotKeepItsWholeFile();
     void foldersAreSharedBeyondInsertionsRemovalsAndMoves();
     void aFailedLoadForgetsNothing();
     void tellsWhetherTheFileChanged();
@@ -223,6 +225,21 @@ void LibraryFileTest::aFolderWrittenDifferentlyIsStillSharedBesideKnownOnes()
     const QList<DockFolder> after = bench.file.load().folders.value();
     for (int i = 0; i < 4; ++i)
         QVERIFY(isShared(after.at(i), before.at(i)));
+}
+
+// Or a library that is edited here and elsewhere in turn would keep as many files as folders.
+void LibraryFileTest::theOnlyNewPictureDoesNotKeepItsWholeFile()
+{
+    DockFolderLibrary library = sampleLibrary();
+    KeptFolders kept;
+    (void)kept.encode(library);
+    library.folders[1].customIconData = QByteArray("another picture");
+    const QByteArray file = encodeLibrary(library).replace("/", R"(\/)");
+    const std::optional<QList<DockFolder>> decoded = kept.decode(file);
+    QCOMPARE(decoded, std::optional(library.folders));
+    QVERIFY(!file.isDetached()); // for what is kept of it
+    (void)kept.encode({.folders = *decoded});
+    QVERIFY(file.isDetached());
 }
 
 void LibraryFileTest::foldersAreSharedBeyondInsertionsRemovalsAndMoves()
