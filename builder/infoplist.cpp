@@ -13,12 +13,17 @@ const QString bundleIdentifierKey = QStringLiteral("CFBundleIdentifier");
 const QString folderIDKey = QStringLiteral("DockFolderID");
 
 // Nothing when the property list is no dictionary. Throws PlatformError when there is none.
-std::optional<QVariantMap> readDictionary(const FileURL &url, const FileSystem &files)
+std::optional<QVariantMap> dictionaryIn(const QByteArray &bytes, const QString &path)
 {
-    const QVariant value = parsePropertyList(files.read(url), url.path());
+    const QVariant value = parsePropertyList(bytes, path);
     if (value.typeId() != QMetaType::QVariantMap)
         return std::nullopt;
     return value.toMap();
+}
+
+std::optional<QVariantMap> readDictionary(const FileURL &url, const FileSystem &files)
+{
+    return dictionaryIn(files.read(url), url.path());
 }
 
 std::optional<QVariantMap> readableInfoPlist(const FileURL &bundle, const FileSystem &files)
@@ -91,10 +96,19 @@ std::optional<QString> bundleIdentifier(const FileURL &bundle, const FileSystem 
     return readString(bundle, bundleIdentifierKey, files);
 }
 
+std::optional<QUuid> folderIDIn(const QByteArray &infoPlist)
+{
+    std::optional<QVariantMap> dictionary;
+    ignoringErrors([&] { dictionary = dictionaryIn(infoPlist, {}); });
+    const auto text = dictionary ? stringValue(*dictionary, folderIDKey) : std::nullopt;
+    return text ? uuidFromText(*text) : std::nullopt;
+}
+
 std::optional<QUuid> readFolderID(const FileURL &bundle, const FileSystem &files)
 {
-    const auto text = readString(bundle, folderIDKey, files);
-    return text ? uuidFromText(*text) : std::nullopt;
+    std::optional<QUuid> folderID;
+    ignoringErrors([&] { folderID = folderIDIn(files.read(infoPlistURL(bundle))); });
+    return folderID;
 }
 
 std::optional<QString> sourceStamp(const FileURL &templateApp, const FileSystem &files)

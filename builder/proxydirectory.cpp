@@ -102,7 +102,12 @@ bool ProxyDirectory::refresh(KnownBundle &bundle) const
     const auto identity = m_files.identity(bundle.infoPlist);
     if (identity == bundle.identity)
         return false;
-    bundle.entry.folderID = identity ? readFolderID(bundle.entry.url, m_files) : std::nullopt;
-    bundle.identity = identity;
+    bundle.identity.reset();
+    bundle.entry.folderID.reset();
+    ignoringErrors([&] { // what cannot be read now is tried again at the next look
+        if (identity)
+            bundle.entry.folderID = folderIDIn(m_files.read(bundle.infoPlist));
+        bundle.identity = identity;
+    });
     return true;
 }

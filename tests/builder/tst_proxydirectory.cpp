@@ -47,6 +47,7 @@ private Q_SLOTS:
     void costsOneListingAndOneReadPerBundle();
     void readsNothingAgainWhenNothingChanged();
     void readsAChangedBundleAgain();
+    void readsAgainWhatCouldNotBeRead();
     void noticesBundlesThatComeAndGo();
     void noticesABundleThatWasReplacedUnderItsName();
 
@@ -286,6 +287,15 @@ void ProxyDirectoryTest::readsAChangedBundleAgain()
 
     m_files.remove(infoPlistURL(proxy(QStringLiteral("Work.app"))));
     QCOMPARE(installedFolderIDs(), QSet<QUuid>{second});
+}
+
+void ProxyDirectoryTest::readsAgainWhatCouldNotBeRead()
+{
+    makeProxy(QStringLiteral("Work.app"), first);
+    m_watched->fail(Operation::Read, {}, EMFILE);
+    QCOMPARE(installedFolderIDs(), QSet<QUuid>());
+    m_watched->failures.clear();
+    QCOMPARE(installedFolderIDs(), QSet<QUuid>{first});
 }
 
 void ProxyDirectoryTest::noticesBundlesThatComeAndGo()
