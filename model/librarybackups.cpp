@@ -28,10 +28,12 @@ void LibraryBackups::keep(QByteArrayView bytes) const
     m_files.writeAtomically(backup, bytes);
 }
 
-void LibraryBackups::moveHere(const FileURL &file) const
+FileURL LibraryBackups::moveHere(const FileURL &file) const
 {
     m_files.createDirectories(m_directory);
-    m_files.move(file, unusedURL());
+    FileURL url = unusedURL();
+    m_files.move(file, url);
+    return url;
 }
 
 FileURL LibraryBackups::unusedURL() const

@@ -18,8 +18,8 @@ public:
 
     /// Keeps the bytes, unless the same are kept already.
     void keep(QByteArrayView bytes) const;
-    /// Moves a file here whose bytes cannot be read.
-    void moveHere(const FileURL &file) const;
+    /// Moves a file here whose bytes cannot be read. Returns where it is.
+    [[nodiscard]] FileURL moveHere(const FileURL &file) const;
 
 private:
     [[nodiscard]] FileURL unusedURL() const;

@@ -34,7 +34,8 @@ struct LibraryFile::State {
 
     [[nodiscard]] std::optional<QList<DockFolder>> readFolders();
     [[nodiscard]] std::optional<QList<DockFolder>> folders();
-    void keepFileIfUndecodable();
+    void replaceFile(const DockFolderLibrary &library);
+    [[nodiscard]] std::optional<FileURL> keepFileIfUndecodable();
     void know(std::optional<QList<DockFolder>> folders);
 
     const FileSystem &files;
@@ -79,17 +80,31 @@ void LibraryFile::State::know(std::optional<QList<DockFolder>> folders)
     isKnown = true;
 }
 
-// What load could not use, or somebody else wrote since, is about to be overwritten.
-void LibraryFile::State::keepFileIfUndecodable()
+void LibraryFile::State::replaceFile(const DockFolderLibrary &library)
+{
+    const std::optional<FileURL> moved = keepFileIfUndecodable();
+    try {
+        files.writeAtomically(url, kept.encode(library));
+    } catch (...) {
+        if (moved)
+            ignoringErrors([&] { files.move(*moved, url); });
+        throw;
+    }
+}
+
+// What load could not use, or somebody else wrote since, is about to be overwritten. Returns where
+// it is when it had to be moved.
+std::optional<FileURL> LibraryFile::State::keepFileIfUndecodable()
 {
     const std::optional<FileIdentity> identity = files.identity(url);
     if (!identity || identity == decodable)
-        return;
+        return std::nullopt;
     const std::optional<QByteArray> bytes = readIfPossible(files, url);
     if (!bytes)
-        backups.moveHere(url);
-    else if (!decodeLibrary(*bytes))
+        return backups.moveHere(url);
+    if (!decodeLibrary(*bytes))
         backups.keep(*bytes);
+    return std::nullopt;
 }
 
 LibraryFile::LibraryFile(const FileSystem &files, const Directories &directories)
@@ -122,15 +137,15 @@ LibraryFile::Contents LibraryFile::load()
 
 void LibraryFile::beginLoading()
 {
-    m_state->loading
-        = std::async(std::launch::async, [state = m_state.get()] { return state->readFolders(); });
+    // When no thread can be had, the load happens where it is waited for.
+    m_state->loading = std::async(std::launch::async | std::launch::deferred,
+                                  [state = m_state.get()] { return state->readFolders(); });
 }
 
 void LibraryFile::save(const DockFolderLibrary &library)
 {
     m_state->files.createDirectories(directory());
-    m_state->keepFileIfUndecodable();
-    m_state->files.writeAtomically(url(), m_state->kept.encode(library));
+    m_state->replaceFile(library);
     m_state->decodable = m_state->files.identity(url());
     m_state->know(library.folders.isEmpty() ? std::nullopt : std::optional(library.folders));
 }

@@ -47,6 +47,7 @@ private Q_SLOTS:
     void keepsWhatSomebodyElseBrokeAfterASave();
     void movesAFileAsideThatCannotBeRead();
     void movesADirectoryAside();
+    void whatWasMovedAsideComesBackWhenTheSaveFails();
     void aSaveFailsWhenTheBackupDoes();
     void aSaveFailsWhenTheFileCannotBeMovedAside();
     void aFailedSaveLeavesTheOldFile();
@@ -487,6 +488,17 @@ void LibraryFileTest::movesADirectoryAside()
     bench.file.save(sampleLibrary());
     QCOMPARE(bench.bytes(), encodeLibrary(sampleLibrary()));
     QVERIFY(bench.backups().exists(QStringLiteral("Nestlet unreadable.json/within")));
+}
+
+void LibraryFileTest::whatWasMovedAsideComesBackWhenTheSaveFails()
+{
+    Bench bench;
+    const QString within = bench.file.url().path() + QStringLiteral("/within");
+    bench.files.files.createDirectories(FileURL::directory(within));
+    bench.files.fail(FakeFileSystem::Operation::Write, QStringLiteral("Nestlet.json"));
+    QVERIFY_THROWS_EXCEPTION(PlatformError, bench.file.save(sampleLibrary()));
+    QVERIFY(QDir(within).exists());
+    QVERIFY(bench.backups().isEmpty());
 }
 
 void LibraryFileTest::aSaveFailsWhenTheBackupDoes()
