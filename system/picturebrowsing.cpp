@@ -44,14 +44,15 @@ FileURL asDirectory(const FileURL &url)
 std::optional<PictureEntry> shownEntry(const FileSystem &files, const FileURL &directory,
                                        const DirectoryEntry &entry)
 {
-    if (!entry.isDirectory && isPictureName(entry.name))
-        return PictureEntry{.id = directory.appendingFile(entry.name), .name = entry.name};
-    if (isPackage(entry.name))
-        return std::nullopt;
     const FileURL url = directory.appendingDirectory(entry.name);
-    if (!entry.isDirectory && !files.isDirectory(url))
+    if (entry.isDirectory || files.isDirectory(url)) {
+        if (isPackage(entry.name))
+            return std::nullopt;
+        return PictureEntry{.id = url, .name = entry.name, .isDirectory = true};
+    }
+    if (!isPictureName(entry.name))
         return std::nullopt;
-    return PictureEntry{.id = url, .name = entry.name, .isDirectory = true};
+    return PictureEntry{.id = directory.appendingFile(entry.name), .name = entry.name};
 }
 
 // As a Mac sorts names: by the user's language, numbers by their value.
