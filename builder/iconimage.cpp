@@ -2,6 +2,7 @@
 
 #include <QBuffer>
 #include <QColorSpace>
+#include <QFileInfo>
 #include <QImageReader>
 #include <QPainter>
 
@@ -43,6 +44,8 @@ std::optional<QByteArray> encodeIconImage(const QImage &image, int side)
 
 std::optional<QByteArray> iconImageFromFile(const QString &path)
 {
+    if (!QFileInfo(path).isFile()) // one could wait for ever at a pipe
+        return std::nullopt;
     QImageReader::setAllocationLimit(allocationLimitMegabytes);
     QImageReader reader(path);
     reader.setDecideFormatFromContent(true);

@@ -50,11 +50,9 @@ QImage directoryIcon(const FileURL &directory, int side)
                                                              : drawnFolderIcon(side);
 }
 
-// Null for what would take long to read, too.
 QImage smallPrint(const FileURL &file, int side)
 {
-    constexpr qint64 mostBytes = 40'000'000;
-    if (QFileInfo(file.path()).size() > mostBytes || !isShowablePicture(file.lastPathComponent()))
+    if (!isShowablePicture(file.lastPathComponent()) || !isQuicklyRead(file))
         return {};
     QImageReader reader(file.path());
     reader.setAutoTransform(true);

@@ -4,6 +4,7 @@
 #include "platform/qt/imagebytes.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QImageReader>
 #include <QtEndian>
 
@@ -70,15 +71,17 @@ bool isIconFile(QFile &file)
     return bytesAt(file, 0, headerLength).startsWith("icns");
 }
 
-// Empty when it is no icon file.
+// Empty when it is no icon file. Those of applications have about a dozen.
 QList<Element> elementsOf(QFile &file)
 {
     const QByteArray header = bytesAt(file, 0, headerLength);
     if (header.size() < headerLength || !isIconFile(file))
         return {};
     const qint64 end = std::min<qint64>(bigEndian(header.constData() + 4), file.size());
+    constexpr int mostElements = 256;
     QList<Element> elements;
-    for (qint64 next = headerLength; next + headerLength <= end;) {
+    for (qint64 next = headerLength;
+         next + headerLength <= end && elements.size() < mostElements;) {
         const QByteArray front = bytesAt(file, next, headerLength);
         if (front.size() < headerLength)
             break;
@@ -130,8 +133,17 @@ void sortForSide(QList<Element> &elements, int side)
 
 } // namespace
 
+bool isQuicklyRead(const FileURL &file)
+{
+    constexpr qint64 mostBytes = 40'000'000;
+    const QFileInfo info(file.path());
+    return info.isFile() && info.size() <= mostBytes;
+}
+
 QImage iconFilePicture(const FileURL &file, int side)
 {
+    if (!isQuicklyRead(file))
+        return {};
     QFile device(file.path());
     if (!device.open(QIODevice::ReadOnly))
         return {};

@@ -8,6 +8,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <sys/stat.h>
+
 namespace {
 
 // Red on the left half, blue on the right.
@@ -68,6 +70,7 @@ private Q_SLOTS:
     void takesTheFirstPictureOfAnAnimation();
     void findsNoPictureInOtherFiles_data();
     void findsNoPictureInOtherFiles();
+    void waitsForNoPipe();
 
 private:
     QString write(const QString &name, const QByteArray &bytes);
@@ -248,6 +251,13 @@ void IconImageTest::findsNoPictureInOtherFiles()
     QVERIFY(!iconImageFromFile(write(QStringLiteral("file.png"), bytes)));
     QVERIFY(!iconImageFromFile(m_dir.filePath(QStringLiteral("missing.png"))));
     QVERIFY(!iconImageFromFile(m_dir.path()));
+}
+
+void IconImageTest::waitsForNoPipe()
+{
+    const QString path = m_dir.filePath(QStringLiteral("pipe.png"));
+    QCOMPARE(::mkfifo(QFile::encodeName(path).constData(), 0600), 0);
+    QVERIFY(!iconImageFromFile(path));
 }
 
 QTEST_GUILESS_MAIN(IconImageTest)

@@ -10,6 +10,8 @@
 #include <QTest>
 #include <QtEndian>
 
+#include <sys/stat.h>
+
 namespace {
 
 using Elements = QList<std::pair<QByteArray, QByteArray>>;
@@ -77,6 +79,9 @@ private Q_SLOTS:
     void survivesDamagedIconFiles_data();
     void survivesDamagedIconFiles();
     void survivesRandomDamage();
+    void looksIntoNoHugeFiles();
+    void waitsForNoPipe_data();
+    void waitsForNoPipe();
     void unpacksMixedRuns();
     void bundlesBringTheirIcon_data();
     void bundlesBringTheirIcon();
@@ -212,6 +217,8 @@ void PortableIconsTest::survivesDamagedIconFiles_data()
     QTest::newRow("planes that end early") << iconFile({{"ic04", "ARGB\x7f"}});
     QTest::newRow("no planes") << iconFile({{"ic04", ""}});
     QTest::newRow("a short mask") << iconFile({{"is32", planes(Qt::red, 16)}, {"s8mk", "x"}});
+    QTest::newRow("elements without end")
+        << element("icns", element("ic07", {}).repeated(5000) + element("ic11", png(Qt::red, 32)));
     QTest::newRow("a huge picture")
         << iconFile({{"ic10", QByteArray("\x89PNG\r\n\x1a\n\0\0\0\rIHDR\xff\xff\xff\xff", 20)}});
 }
@@ -242,6 +249,34 @@ void PortableIconsTest::survivesRandomDamage()
         QVERIFY(image.width() <= 1 << 15);
     }
     qInstallMessageHandler(before);
+}
+
+void PortableIconsTest::looksIntoNoHugeFiles()
+{
+    const FileURL file
+        = write(QStringLiteral("/huge.icns"), iconFile({{"ic11", png(Qt::red, 32)}}));
+    QVERIFY(!iconFilePicture(file, 32).isNull());
+    QVERIFY(QFile::resize(file.path(), 3'000'000'000)); // of which the disk holds next to nothing
+    QVERIFY(iconFilePicture(file, 32).isNull());
+}
+
+void PortableIconsTest::waitsForNoPipe_data()
+{
+    QTest::addColumn<QString>("pipe");
+    QTest::addColumn<QString>("item");
+    QTest::newRow("a picture's name") << QStringLiteral("/a.png") << QStringLiteral("/a.png");
+    QTest::newRow("an icon file's name") << QStringLiteral("/a.icns") << QStringLiteral("/a.icns");
+    QTest::newRow("a folder's icon") << QStringLiteral("/pipes/Icon\r") << QStringLiteral("/pipes");
+}
+
+void PortableIconsTest::waitsForNoPipe()
+{
+    QFETCH(QString, pipe);
+    QFETCH(QString, item);
+    const QString path = write(pipe, {}).path(); // and its folder
+    QVERIFY(QFile::remove(path));
+    QCOMPARE(::mkfifo(QFile::encodeName(path).constData(), 0600), 0);
+    QCOMPARE(fileIcon(FileURL::file(path.chopped(pipe.size()) + item), 32).size(), QSize(32, 32));
 }
 
 void PortableIconsTest::unpacksMixedRuns()
