@@ -19,8 +19,9 @@ T.Dialog {
     modal: true
     padding: 16
     closePolicy: T.Popup.CloseOnEscape
-    // Before it is closed: whoever made the alert drops it then.
-    onAboutToHide: {
+    // Not before: what is done may take away whom the alert belongs to, and then it could neither fade
+    // nor give the focus back.
+    onClosed: {
         if (root.isConfirmed)
             root.acted();
     }
