@@ -100,9 +100,10 @@ FocusScope {
 
         Keys.onPressed: event => {
             const target = GridKeys.cellAfterKey(event.key, grid.currentIndex, grid.count, grid.columns, grid.linesPerPage, grid.LayoutMirroring.enabled);
-            if (event.key === Qt.Key_Space)
-                root.toggleCurrent();
-            else if (event.key === Qt.Key_Up && grid.currentIndex < grid.columns)
+            if (event.key === Qt.Key_Space) {
+                if (!event.isAutoRepeat)
+                    root.toggleCurrent();
+            } else if (event.key === Qt.Key_Up && grid.currentIndex < grid.columns)
                 root.exited();
             else if (target >= 0)
                 grid.currentIndex = target;

@@ -1,15 +1,13 @@
 import QtQuick
-import QtQuick.Templates as T
 import Nestlet.Companion
 
 /// The button that puts a folder into the Dock or builds its Dock app anew.
-T.Button {
+PlainButton {
     id: root
 
     required property bool isInstalled
     required property bool isBusy
     property bool hadFocus: false
-    readonly property bool showsFocus: root.activeFocus && InputModality.isKeyboard
 
     text: root.isBusy ? (root.isInstalled ? qsTr("Updating Dock") : qsTr("Adding to Dock"))
                       : (root.isInstalled ? qsTr("Update Dock") : qsTr("Show in Dock"))
@@ -20,12 +18,6 @@ T.Button {
     topPadding: 10
     bottomPadding: 10
     font: Theme.bodyMedium
-    Accessible.role: Accessible.Button
-    Accessible.name: root.text
-    Accessible.onPressAction: {
-        if (root.enabled)
-            root.clicked();
-    }
     // A disabled control loses the focus: it gets it back, unless it has gone elsewhere meanwhile.
     onIsBusyChanged: {
         if (root.isBusy)
@@ -35,8 +27,6 @@ T.Button {
             root.forceActiveFocus(Qt.OtherFocusReason);
     }
     Component.onCompleted: root.enabled = !root.isBusy
-    Keys.onReturnPressed: root.clicked()
-    Keys.onEnterPressed: root.clicked()
 
     contentItem: Row {
         spacing: 8

@@ -138,10 +138,10 @@ Item {
             const target = GridKeys.cellAfterKey(event.key, grid.currentIndex, grid.count, root.columns, grid.linesPerPage, grid.LayoutMirroring.enabled);
             if (target >= 0)
                 root.goTo(target, (event.modifiers & Qt.AltModifier) !== 0);
-            else if (event.key === Qt.Key_Delete || event.key === Qt.Key_Backspace)
-                root.removeCurrent();
-            else
+            else if (event.key !== Qt.Key_Delete && event.key !== Qt.Key_Backspace)
                 return;
+            else if (!event.isAutoRepeat) // one item, however long the key is held
+                root.removeCurrent();
             event.accepted = true;
         }
 

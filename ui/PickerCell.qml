@@ -19,6 +19,12 @@ Item {
     readonly property bool down: mouse.containsPress
     signal clicked
 
+    /// Once, however long the key is held.
+    function pressByKey(event: KeyEvent) {
+        if (!event.isAutoRepeat)
+            root.clicked();
+    }
+
     activeFocusOnTab: root.group.currentCell === root.index
     Accessible.role: Accessible.RadioButton
     Accessible.name: root.text
@@ -35,9 +41,9 @@ Item {
         if (root.activeFocus)
             root.group.currentCell = root.index;
     }
-    Keys.onSpacePressed: root.clicked()
-    Keys.onReturnPressed: root.clicked()
-    Keys.onEnterPressed: root.clicked()
+    Keys.onSpacePressed: event => root.pressByKey(event)
+    Keys.onReturnPressed: event => root.pressByKey(event)
+    Keys.onEnterPressed: event => root.pressByKey(event)
 
     MouseArea {
         id: mouse

@@ -1,9 +1,8 @@
 import QtQuick
-import QtQuick.Templates as T
 import Nestlet.Companion
 
 /// A push button. The default one is filled with the accent; a destructive one is red.
-T.Button {
+PlainButton {
     id: root
 
     property bool isDefault: false
@@ -11,15 +10,8 @@ T.Button {
     property bool isLarge: false
     /// In front of the text; empty: none.
     property string symbol
-    readonly property bool showsFocus: root.activeFocus && InputModality.isKeyboard
     readonly property color ink: root.isDefault ? Theme.accentText : root.isDestructive ? Theme.destructiveInk
                                                                                         : Theme.primary
-
-    /// Once, however long the key is held.
-    function pressByKey(event: KeyEvent) {
-        if (!event.isAutoRepeat)
-            root.clicked();
-    }
 
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: root.isLarge ? 32 : 24
@@ -28,14 +20,6 @@ T.Button {
     topPadding: 0
     bottomPadding: 0
     font: Theme.body
-    Accessible.role: Accessible.Button
-    Accessible.name: root.text
-    Accessible.onPressAction: {
-        if (root.enabled)
-            root.clicked();
-    }
-    Keys.onReturnPressed: event => root.pressByKey(event)
-    Keys.onEnterPressed: event => root.pressByKey(event)
 
     contentItem: Item { // qmllint disable deferred-property-id
         implicitWidth: label.implicitWidth + (sign.active ? sign.width + row.spacing : 0)

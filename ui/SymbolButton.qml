@@ -3,36 +3,21 @@ import QtQuick.Templates as T
 import Nestlet.Companion
 
 /// A button that shows only a symbol; `text` is its tooltip and its name.
-T.ToolButton {
+PlainButton {
     id: root
 
     property string symbol
     property real symbolSize: 16
     property int symbolWeight: Font.Normal
     property bool isMenuShown: false
-    readonly property bool showsFocus: root.activeFocus && InputModality.isKeyboard
-
-    /// Once, however long the key is held.
-    function pressByKey(event: KeyEvent) {
-        if (!event.isAutoRepeat)
-            root.clicked();
-    }
 
     implicitWidth: 28
     implicitHeight: 28
     padding: 0
     display: T.AbstractButton.IconOnly
     hoverEnabled: true
-    Accessible.role: Accessible.Button
-    Accessible.name: root.text
-    Accessible.onPressAction: {
-        if (root.enabled)
-            root.clicked();
-    }
     HelpTag.text: root.text
     HelpTag.isShown: (root.hovered || root.visualFocus) && !root.down && !root.isMenuShown
-    Keys.onReturnPressed: event => root.pressByKey(event)
-    Keys.onEnterPressed: event => root.pressByKey(event)
 
     contentItem: Item { // qmllint disable deferred-property-id
         opacity: root.enabled ? 1 : 0.4

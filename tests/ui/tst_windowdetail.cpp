@@ -20,6 +20,7 @@ private Q_SLOTS:
     void namesWithoutRoomHaveATooltip_data();
     void namesWithoutRoomHaveATooltip();
     void removeButtonsHaveATooltip();
+    void aHeldKeyAsksForOnePicture();
     void aPictureIsStoredWhileAnotherKindOfFolderIsShown();
 
 private:
@@ -160,6 +161,18 @@ void WindowDetailTest::removeButtonsHaveATooltip()
     QVERIFY(!isToolTip(name));
     QTest::mouseMove(m_window->window, WindowFixture::centre(m_window->button(name)));
     QTRY_VERIFY(isToolTip(name));
+}
+
+void WindowDetailTest::aHeldKeyAsksForOnePicture()
+{
+    QQuickItem *const cell
+        = m_window->item(QAccessible::RadioButton, QStringLiteral("Load custom image…"));
+    cell->forceActiveFocus(Qt::TabFocusReason);
+    m_window->press(Qt::Key_Space);
+    QVERIFY(m_openPanel->completion);
+    m_openPanel->completion = nullptr;
+    m_window->hold(Qt::Key_Space);
+    QVERIFY(!m_openPanel->completion);
 }
 
 void WindowDetailTest::aPictureIsStoredWhileAnotherKindOfFolderIsShown()

@@ -260,6 +260,7 @@ void WindowFocusTest::theActionIsReachedByTab()
     QVERIFY(tabTo(QStringLiteral("Remove Folder")));
     press(Qt::Key_Return);
     QTRY_COMPARE(namesOf(m_window->store->folders()), QStringList{m_b.name});
+    QTRY_COMPARE(focused(), QStringLiteral("Folder Actions"));
 }
 
 void WindowFocusTest::theDockButtonGetsTheFocusBackAfterItsWork()
@@ -271,6 +272,8 @@ void WindowFocusTest::theDockButtonGetsTheFocusBackAfterItsWork()
     QVERIFY(focused() != QStringLiteral("Adding to Dock"));
     m_window->finishEverything();
     QCOMPARE(focused(), QStringLiteral("Update Dock"));
+    m_window->hold(Qt::Key_Return);
+    QVERIFY(m_window->button(QStringLiteral("Update Dock")));
     makeInstallationsWait();
     press(Qt::Key_Return);
     QVERIFY(m_window->button(QStringLiteral("Updating Dock")));

@@ -208,6 +208,8 @@ void WindowGridKeysTest::deleteRemovesTheCurrentItem()
     QCOMPARE(order().size(), count - 1);
     QCOMPARE(currentName(), QStringLiteral("2"));
     QVERIFY(grid()->hasActiveFocus());
+    m_window->hold(key);
+    QCOMPARE(order().size(), count - 1);
 }
 
 void WindowGridKeysTest::removingTheLastOneGoesToTheOneBefore()

@@ -312,11 +312,7 @@ void WindowSidebarKeysTest::aHeldReturnPressesOnce()
 {
     m_window->button(QStringLiteral("New Dock Folder"))->forceActiveFocus(Qt::TabFocusReason);
     press(Qt::Key_Return);
-    for (int repeat = 0; repeat < 3; ++repeat) {
-        QKeyEvent event(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"),
-                        true);
-        QCoreApplication::sendEvent(m_window->window, &event);
-    }
+    m_window->hold(Qt::Key_Return);
     QCOMPARE(order().size(), 5);
     press(Qt::Key_Return);
     QCOMPARE(order().size(), 6);
@@ -325,10 +321,7 @@ void WindowSidebarKeysTest::aHeldReturnPressesOnce()
 void WindowSidebarKeysTest::aHeldShortcutActsOnce()
 {
     press(Qt::Key_N, Qt::ControlModifier);
-    for (int repeat = 0; repeat < 3; ++repeat) {
-        QTest::simulateEvent(m_window->window, true, Qt::Key_N, Qt::ControlModifier, QString(),
-                             true);
-    }
+    m_window->hold(Qt::Key_N, Qt::ControlModifier);
     QCOMPARE(order().size(), 5);
 }
 

@@ -134,6 +134,14 @@ void WindowFixture::press(Qt::Key key, Qt::KeyboardModifiers modifiers) const
     QTest::keyClick(window, key, modifiers);
 }
 
+void WindowFixture::hold(Qt::Key key, Qt::KeyboardModifiers modifiers) const
+{
+    const bool isPress = true;
+    const bool isRepetition = true;
+    for (int repetition = 0; repetition < 3; ++repetition)
+        QTest::simulateEvent(window, isPress, key, modifiers, QString(), isRepetition);
+}
+
 void WindowFixture::type(const QString &text) const
 {
     for (const QChar character : text)

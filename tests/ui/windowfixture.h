@@ -37,6 +37,8 @@ struct WindowFixture : StoreFixture {
     [[nodiscard]] static QPoint centre(const QQuickItem *item);
     void click(const QQuickItem *item) const;
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
+    /// What a key that is held down sends after press(): repetitions of it.
+    void hold(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
     void type(const QString &text) const;
     /// Opens a menu by its button and chooses an entry.
     [[nodiscard]] bool choose(const QString &menu, const QString &entry) const;
