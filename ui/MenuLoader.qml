@@ -11,9 +11,11 @@ FileLoader {
     readonly property T.Menu menu: root.item as T.Menu
     readonly property bool isShown: root.menu !== null && root.menu.visible
 
+    // Where the button and the menu both end.
     function open() {
         root.file = root.menuFile;
-        root.menu.popup(root.button, root.button.width - root.menu.width, root.button.height + 4);
+        const isMirrored = root.button.LayoutMirroring.enabled;
+        root.menu.popup(root.button, isMirrored ? 0 : root.button.width - root.menu.width, root.button.height + 4);
     }
 
     file: ""

@@ -16,6 +16,7 @@ private Q_SLOTS:
     void stripsAreMirrored();
     void menusOpenInsideTheWindow_data();
     void menusOpenInsideTheWindow();
+    void aMenuBeginsWhereItsButtonDoes();
     void turnsRoundLive();
 
 private:
@@ -131,6 +132,17 @@ void WindowMirroredTest::menusOpenInsideTheWindow()
     QTRY_VERIFY(m_window->item(QAccessible::MenuItem, entry));
     const QRectF shown = place(m_window->item(QAccessible::MenuItem, entry));
     QVERIFY(QRectF(QPointF(), m_window->window->size()).contains(shown));
+}
+
+void WindowMirroredTest::aMenuBeginsWhereItsButtonDoes()
+{
+    const QQuickItem *const actions = m_window->button(QStringLiteral("Folder Actions"));
+    m_window->click(actions);
+    const QString entry = QStringLiteral("Remove Folder");
+    QTRY_VERIFY(m_window->item(QAccessible::MenuItem, entry));
+    constexpr int padding = 5;
+    QCOMPARE(place(m_window->item(QAccessible::MenuItem, entry)).left(),
+             place(actions).left() + padding);
 }
 
 void WindowMirroredTest::turnsRoundLive()
