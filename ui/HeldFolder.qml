@@ -51,6 +51,7 @@ Item {
         anchors.rightMargin: Theme.selectionInset + 4
         anchors.verticalCenter: parent.verticalCenter
         text: root.name
+        maximumLineCount: 1
         font: Theme.headline
     }
 }

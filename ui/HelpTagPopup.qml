@@ -6,9 +6,11 @@ import Nestlet.Companion
 T.ToolTip {
     id: root
 
+    readonly property int mostWidth: 320
+
     x: root.parent ? Math.round((root.parent.width - root.width) / 2) : 0
     y: root.parent ? root.parent.height + 3 : 0
-    implicitWidth: contentWidth + root.leftPadding + root.rightPadding
+    implicitWidth: Math.min(contentWidth, root.mostWidth) + root.leftPadding + root.rightPadding
     implicitHeight: contentHeight + root.topPadding + root.bottomPadding
     delay: Theme.toolTipDelay
     margins: 6
@@ -20,6 +22,7 @@ T.ToolTip {
         text: root.text
         font: Theme.subheadline
         wrapMode: Text.Wrap
+        maximumLineCount: 8
     }
 
     background: Rectangle {

@@ -80,6 +80,11 @@ ViewTest {
         mac.makeDark();
         compareColor(textOf(row, data.status).color, Theme[data.ink], "caption in the dark");
     }
+    function test_aNameIsOneLine() {
+        const name = textOf(shown({name: "Two\nlines"}), "Two\nlines");
+        compare(name.lineCount, 1);
+        verify(name.truncated);
+    }
     function test_blueIsBlue() {
         const row = shown({status: "Ready in Dock", isInstalled: true});
         const ink = textOf(row, "Ready in Dock").color;

@@ -31,6 +31,21 @@ ViewTest {
         leave();
         tryVerify(() => mac.helpTag(text) === "");
     }
+    function test_aLongTooltipHasLines() {
+        const text = show(view, {text: "word ".repeat(300)});
+        mouseMove(text, 20, 8);
+        tryVerify(() => mac.helpTag(text) === text.text);
+        const tag = mac.helpTagSize(text);
+        verify(tag.width <= 340);
+        verify(tag.height > 100 && tag.height < 160);
+        leave();
+        tryVerify(() => mac.helpTag(text) === "");
+    }
+    function test_isOneLineWhateverItsBreaks() {
+        const text = show(view, {text: "Two\nlines"});
+        compare(text.lineCount, 1);
+        verify(text.truncated);
+    }
     function test_whatFitsHasNoTooltip() {
         const text = show(view, {text: "Short"});
         mouseMove(text, 4, 8);

@@ -88,6 +88,12 @@ public:
             && popup->property("parent").value<QQuickItem *>() == item;
         return isShown ? popup->property("text").toString() : QString();
     }
+    Q_INVOKABLE [[nodiscard]] static QSizeF helpTagSize(QQuickItem *item)
+    {
+        const auto *const popup = qmlEngine(item)->findChild<QObject *>(
+            QStringLiteral("helpTagPopup"), Qt::FindDirectChildrenOnly);
+        return {popup->property("width").toReal(), popup->property("height").toReal()};
+    }
     /// Lets an assistive program act on an item.
     Q_INVOKABLE static void act(QQuickItem *item, const QString &action)
     {
