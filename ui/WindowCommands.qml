@@ -22,7 +22,9 @@ Item {
         id: menuBar
         file: Qt.platform.os === "osx" ? "MacMenuBar.qml" : ""
         properties: ({
-                "isBlocked": root.isBlocked
+                "isBlocked": root.isBlocked,
+                "focusItem": root.Window.activeFocusItem,
+                "window": root.Window.window
             })
         onMade: menus => {
             menus.newFolderRequested.connect(root.newFolderRequested);

@@ -34,6 +34,8 @@ QString CompanionViewModel::selection() const
 void CompanionViewModel::setSelection(const QString &folderID)
 {
     select(uuidFromText(folderID).value_or(QUuid()));
+    // What is shown of it is as it is now, and so are the rows and the strips.
+    m_store.refreshPresence();
 }
 
 void CompanionViewModel::select(const QUuid &id)

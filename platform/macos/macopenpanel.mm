@@ -18,12 +18,17 @@ NSArray *contentTypes(const QStringList &identifiers)
     return types;
 }
 
+// The one that is shown. It lives until its handler has been called.
+NSOpenPanel *shownPanel = nil;
+
 } // namespace
 
 void MacOpenPanel::choose(const Request &request, Completion completion)
 {
     @autoreleasepool {
+        [shownPanel cancel:nil]; // another takes its place
         NSOpenPanel *panel = [NSOpenPanel openPanel];
+        shownPanel = panel;
         [panel setTitle:nsString(request.title)];
         // Panels have shown no title bar for long: the message is what the user sees.
         [panel setMessage:nsString(request.title)];
@@ -34,6 +39,8 @@ void MacOpenPanel::choose(const Request &request, Completion completion)
         // The block is copied and keeps the panel until it has been called.
         [panel beginWithCompletionHandler:^(NSModalResponse response) {
             @autoreleasepool {
+                if (shownPanel == panel)
+                    shownPanel = nil;
                 NSURL *url = response == NSModalResponseOK ? [panel URL] : nil;
                 completion(url ? std::optional(fileURLFrom(url)) : std::nullopt);
             }

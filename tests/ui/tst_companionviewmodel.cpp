@@ -18,6 +18,7 @@ private Q_SLOTS:
     void aChangeOfTheFoldersSelectsTheFirstWhenNothingIs();
     void aNewFolderIsNumberedAndTheSelectionStays();
     void aChangeOfPresenceSelectsNothing();
+    void aSelectionNoticesThatNestletHasGone();
     void anotherChangeKeepsTheSelection();
     void theAppStoreFolderStaysSelected();
     void removingTheSelectedFolderSelectsTheFirst();
@@ -83,6 +84,16 @@ void CompanionViewModelTest::aChangeOfPresenceSelectsNothing()
 {
     store().refreshPresence();
     QCOMPARE(m_model->selection(), QString());
+}
+
+void CompanionViewModelTest::aSelectionNoticesThatNestletHasGone()
+{
+    m_fixture->installNestlet();
+    store().refreshPresence();
+    QVERIFY(m_model->isNestletInstalled());
+    m_fixture->files.remove(m_fixture->nestletURL());
+    select(m_b.id);
+    QVERIFY(!m_model->isNestletInstalled());
 }
 
 void CompanionViewModelTest::anotherChangeKeepsTheSelection()
