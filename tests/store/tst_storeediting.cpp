@@ -102,7 +102,7 @@ using Edit = std::function<void(CompanionStore &, const QUuid &)>;
 void StoreEditingTest::everyEditIsOneChangeAndOneSave_data()
 {
     QTest::addColumn<Edit>("edit");
-    const auto row = [](const char *name, Edit edit) { QTest::newRow(name) << std::move(edit); };
+    const auto row = [](const char *name, const Edit &edit) { QTest::newRow(name) << edit; };
     row("rename", [](auto &s, auto &id) { s.renameFolder(id, QStringLiteral("New")); });
     row("colour", [](auto &s, auto &id) { s.setAccentColor(id, QStringLiteral("#112233")); });
     row("symbol", [](auto &s, auto &id) { s.setIconSymbol(id, QStringLiteral("gear")); });

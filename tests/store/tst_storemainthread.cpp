@@ -5,8 +5,22 @@
 #include <QTest>
 #include <QThread>
 
+namespace {
+
 // The fatal end is seen from outside: the test runs itself with this argument.
 constexpr QLatin1StringView misuseArgument{"--misuse-the-store"};
+
+int misuseTheStore()
+{
+    StoreFixture fixture;
+    fixture.store->start();
+    const std::unique_ptr<QThread> thread(QThread::create([&] { fixture.store->addFolder(); }));
+    thread->start();
+    thread->wait();
+    return EXIT_SUCCESS; // not reached
+}
+
+} // namespace
 
 class StoreMainThreadTest : public QObject {
     Q_OBJECT
@@ -24,16 +38,6 @@ void StoreMainThreadTest::useOffTheMainThreadIsFatalAndNamesTheLine()
     const QString said = QString::fromUtf8(misuse.readAllStandardError());
     static const QRegularExpression report(QStringLiteral("CompanionApp:\\d+: .*addFolder"));
     QVERIFY2(report.match(said).hasMatch(), qPrintable(said));
-}
-
-static int misuseTheStore()
-{
-    StoreFixture fixture;
-    fixture.store->start();
-    const std::unique_ptr<QThread> thread(QThread::create([&] { fixture.store->addFolder(); }));
-    thread->start();
-    thread->wait();
-    return EXIT_SUCCESS; // not reached
 }
 
 int main(int argc, char *argv[])

@@ -77,7 +77,7 @@ void StoreRealFailuresTest::aBrokenSigningToolIsReported_data()
     const QString unsignedProxy = QStringLiteral("Ad-hoc signing failed: ");
     // Fails only in the step that signs, after the template was found in order.
     const auto signing = [](const QByteArray &failure) -> QByteArray {
-        return "[ \"$1\" = --force ] || exec \"$0-real\" \"$@\"; " + failure;
+        return R"([ "$1" = --force ] || exec "$0-real" "$@"; )" + failure;
     };
     const auto row = [](const char *name, const QByteArray &script, const QString &message,
                         qsizetype length = 0, bool isExecutable = true) {
@@ -97,7 +97,7 @@ void StoreRealFailuresTest::aBrokenSigningToolIsReported_data()
     row("leaving a helper behind", "sleep 30 >&2 & echo no >&2; exit 1",
         unverified + refused + QStringLiteral("no\n"));
     row("missing when it is to sign",
-        "[ \"$1\" = -dvvv ] || exec \"$0-real\" \"$@\"; \"$0-real\" \"$@\"; rm \"$0\"; exit 0",
+        R"([ "$1" = -dvvv ] || exec "$0-real" "$@"; "$0-real" "$@"; rm "$0"; exit 0)",
         QStringLiteral("Could not launch “%codesign”: No such file or directory"));
     row("crashing when it is to sign", signing("echo Ouch >&2; kill -SEGV $$"),
         unsignedProxy + QStringLiteral("Ouch\n"));
@@ -140,7 +140,7 @@ void StoreRealFailuresTest::aBrokenSigningToolIsReported()
 
 void StoreRealFailuresTest::aTalkativeSigningToolIsListenedTo()
 {
-    replaceTool("head -c 1048576 /dev/zero | tr '\\0' x >&2; exec \"$0-real\" \"$@\"");
+    replaceTool(R"(head -c 1048576 /dev/zero | tr '\0' x >&2; exec "$0-real" "$@")");
     startWithWork();
     QVERIFY(m_scene.install(m_scene.folder()));
     QCOMPARE(store().errorMessage(), QString());
@@ -177,7 +177,7 @@ void StoreRealFailuresTest::aProxyDirectoryThatCannotBeUsedIsReported_data()
     QTest::addColumn<QString>("message");
     QTest::newRow("a file") << QByteArray("echo mine > \"$0/Nestlet\"")
                             << QStringLiteral("Could not create “%proxies”: File exists");
-    QTest::newRow("below a file") << QByteArray("rm -r \"$0\" && echo mine > \"$0\"")
+    QTest::newRow("below a file") << QByteArray(R"(rm -r "$0" && echo mine > "$0")")
                                   << QStringLiteral(
                                          "Could not create “%applications”: File exists");
     QTest::newRow("a dangling link") << QByteArray("ln -s nowhere/at/all \"$0/Nestlet\"")

@@ -224,8 +224,10 @@ void FileIconTest::hiddenIconsAreNotLoaded()
 
 void FileIconTest::iconsThatGoAwayAreNotLoaded()
 {
+    constexpr int count = 100;
     std::vector<std::unique_ptr<LoadedPicture>> icons;
-    for (int i = 0; i < 100; ++i)
+    icons.reserve(count);
+    for (int i = 0; i < count; ++i)
         icons.emplace_back(create(QByteArray(R"(FileIcon { size: 56; url: "file:///icons/)")
                                   + QByteArray::number(i) + R"(.app" })"));
     m_window->grabWindow(); // all of them are asked for

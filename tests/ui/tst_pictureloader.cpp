@@ -80,11 +80,12 @@ void PictureLoaderTest::cleanup()
 
 PictureRequest PictureLoaderTest::request(const QString &key)
 {
-    return {.key = key, .make = [this, key] {
-                const QMutexLocker lock(&m_mutex);
-                m_made.append(key);
-                return square(10);
-            }};
+    const auto make = [this, key] {
+        const QMutexLocker lock(&m_mutex);
+        m_made.append(key);
+        return square(10);
+    };
+    return {.key = key, .make = make};
 }
 
 PictureRequest PictureLoaderTest::slowRequest(const QString &key)

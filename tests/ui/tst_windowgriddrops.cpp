@@ -223,7 +223,7 @@ void WindowGridDropsTest::anItemHeldStillGoesOnWhileTheGridScrolls()
     QVERIFY(first > 0);
     QTRY_VERIFY_WITH_TIMEOUT(scroll->property("atYEnd").toBool(), 20'000);
     const int columns = grid()->property("columns").toInt();
-    QTRY_VERIFY(place() > first + 2 * columns);
+    QTRY_VERIFY(place() > first + qsizetype{2} * columns);
     drag.leave();
 }
 
