@@ -148,6 +148,7 @@ ViewTest {
         mouseMove(cell, 60, 40);
         compare(drags.count, 1);
         verify(cell.isHeld);
+        compare(cell.holdPlace, Qt.point(40, 40));
         mouseRelease(cell, 60, 40);
         verify(!cell.isHeld);
         compare(presses.count, 0);
