@@ -135,8 +135,10 @@ Item {
         dragThreshold: 5
         acceptedButtons: Qt.LeftButton
         onActiveChanged: {
-            if (active)
-                root.dragStarted();
+            if (!active)
+                return;
+            root.pressed();
+            root.dragStarted();
         }
     }
 }

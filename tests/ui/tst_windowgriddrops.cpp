@@ -34,6 +34,7 @@ private Q_SLOTS:
     void whatIsLetGoAtOnceIsNotDragged();
     void thePointerHoldsThePictureWhereItTookTheItem_data();
     void thePointerHoldsThePictureWhereItTookTheItem();
+    void theKeyboardGoesOnWithTheItemThatWasDragged();
 
 private:
     [[nodiscard]] QString order() const
@@ -393,6 +394,18 @@ void WindowGridDropsTest::thePointerHoldsThePictureWhereItTookTheItem()
     dragFrom(cell("b")->mapToScene(place).toPoint());
     QCOMPARE(held, QList<QPoint>{place});
     QCOMPARE(sizes, QList<QSize>{cell("b")->size().toSize()});
+}
+
+void WindowGridDropsTest::theKeyboardGoesOnWithTheItemThatWasDragged()
+{
+    m_window->click(m_window->row(m_full.name));
+    QVERIFY(m_window->named("folderList")->hasActiveFocus());
+    dragFrom(centreOf("b"));
+    QVERIFY(cell("b")->hasActiveFocus());
+    m_window->press(Qt::Key_Right, Qt::AltModifier);
+    QCOMPARE(order(), QStringLiteral("acbd"));
+    m_window->press(Qt::Key_Down, Qt::AltModifier);
+    QCOMPARE(namesOf(m_window->store->folders()), (QStringList{m_full.name, m_empty.name}));
 }
 
 QTEST_MAIN(WindowGridDropsTest)
