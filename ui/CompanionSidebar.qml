@@ -6,6 +6,8 @@ Rectangle {
     id: root
 
     required property CompanionViewModel model
+    /// What is dragged over the window.
+    required property WindowDrag drag
     signal resetRequested
 
     function focusList() {
@@ -78,6 +80,13 @@ Rectangle {
         anchors.topMargin: -list.ringRoom // the first row's own place is right under the header
         anchors.bottom: progress.top
         companion: root.model
+    }
+
+    EdgeScroller { // to rows out of view that files may be dropped on
+        readonly property point place: list.mapFromItem(null, root.drag.place)
+
+        flickable: list
+        position: root.drag.carriesFiles && list.contains(place) ? place.y : NaN
     }
 
     FileLoader {

@@ -71,6 +71,7 @@ T.ApplicationWindow {
             anchors.bottom: parent.bottom
             width: Theme.sidebarWidth
             model: root.model
+            drag: windowDrag
             onResetRequested: root.isConfirmingReset = true
         }
 

@@ -10,11 +10,12 @@ ItemDragSource {
     property string itemID
 
     function begin(itemID: string, cell: FolderItemGridCell) {
+        const place = cell.holdPlace;
         cell.picture.grabToImage(result => {
             if (!cell || !cell.isHeld) // let go meanwhile
                 return;
             root.itemID = itemID;
-            root.start(itemID, result.image, root.Screen.devicePixelRatio, Qt.point(cell.width / 2, 34));
+            root.start(itemID, result.image, root.Screen.devicePixelRatio, place);
         });
     }
 

@@ -18,6 +18,8 @@ Item {
     readonly property bool isHovered: hover.hovered
     /// Whether the pointer still holds the cell that it began to drag.
     readonly property bool isHeld: drag.active
+    /// Where in the cell that is.
+    readonly property point holdPlace: drag.centroid.pressPosition
     /// What goes with the pointer when the cell is dragged.
     readonly property alias picture: content
     signal removeRequested
@@ -134,8 +136,10 @@ Item {
         dragThreshold: 5
         acceptedButtons: Qt.LeftButton
         onActiveChanged: {
-            if (active)
-                root.dragStarted();
+            if (!active)
+                return;
+            root.pressed();
+            root.dragStarted();
         }
     }
 }

@@ -10,6 +10,8 @@ Item {
 
     required property string folderID
     required property ItemListModel items
+    /// By which the view is placed. Not by its own count, which it only brings up to date on the way.
+    required property int itemCount
     required property bool isLocked
     required property DropReceiver receiver
     /// The visible stretch of the grid, in its own coordinates.
@@ -24,7 +26,7 @@ Item {
                                            || root.isSurroundingTargeted
     /// Whether something hovers over the window that may end up here.
     readonly property bool isAwaitingDrop: root.isDropTargeted || root.draggedItemID !== ""
-    readonly property bool isEmpty: grid.count === 0
+    readonly property bool isEmpty: root.itemCount === 0
     signal removeRequested(itemID: string)
     signal moveRequested(itemID: string, index: int)
     /// The last item went while the focus was here.
@@ -39,7 +41,7 @@ Item {
                                                           / (root.leastColumnWidth + root.spacing)))
     readonly property int rowHeight: 92 + root.spacing
 
-    readonly property int rowsHeight: Math.ceil(grid.count / root.columns) * root.rowHeight
+    readonly property int rowsHeight: Math.ceil(root.itemCount / root.columns) * root.rowHeight
 
     implicitHeight: root.isEmpty ? emptyState.height : root.rowsHeight - root.spacing + 2 * root.inset
 

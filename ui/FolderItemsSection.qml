@@ -50,6 +50,7 @@ Column {
         width: parent.width
         folderID: root.folder.folderID
         items: root.folder.items
+        itemCount: root.folder.itemCount
         isLocked: root.folder.isLocked
         receiver: root.receiver
         isSurroundingTargeted: root.isSurroundingTargeted

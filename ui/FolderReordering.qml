@@ -37,7 +37,8 @@ Item {
             "iconSymbol": row.iconSymbol,
             "pictureSource": row.pictureSource,
             "previewURLs": row.previewURLs,
-            "previewColumns": row.previewColumns
+            "previewColumns": row.previewColumns,
+            "isLocked": row.isLocked
         });
     }
     function letGo() {

@@ -12,6 +12,7 @@ Item {
     required property string pictureSource
     required property var previewURLs
     required property int previewColumns
+    required property bool isLocked
 
     objectName: "heldFolder"
     height: Theme.rowHeight
@@ -41,7 +42,7 @@ Item {
         pictureSource: root.pictureSource
         previewURLs: root.previewURLs
         previewColumns: root.previewColumns
-        isLocked: false
+        isLocked: root.isLocked
     }
 
     CompanionText {

@@ -1,5 +1,7 @@
 #include "ui/windowdrag.h"
 
+#include "system/mimedropinfo.h"
+
 #include <QCoreApplication>
 #include <QScopedValueRollback>
 
@@ -83,7 +85,10 @@ void WindowDrag::follow(const QDropEvent &event)
 {
     if (!m_frames)
         begin();
-    m_content = event.mimeData();
+    if (m_content != event.mimeData()) { // its data are asked for once
+        m_content = event.mimeData();
+        m_carriesFiles = MimeDropInfo(m_content).hasItems(DropContent::FileURL);
+    }
     m_place = event.position();
     m_actions = event.possibleActions();
     m_buttons = event.buttons();

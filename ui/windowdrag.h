@@ -19,6 +19,8 @@ class WindowDrag : public QObject {
     /// A dialog is shown, which comes first.
     Q_PROPERTY(bool isBlocked READ isBlocked WRITE setBlocked NOTIFY isBlockedChanged)
     Q_PROPERTY(bool isOver READ isOver NOTIFY moved)
+    /// It is over the window, and brings files.
+    Q_PROPERTY(bool carriesFiles READ carriesFiles NOTIFY moved)
     /// Of the window; where it was last when there is none.
     Q_PROPERTY(QPointF place READ place NOTIFY moved)
 
@@ -30,6 +32,7 @@ public:
     [[nodiscard]] bool isBlocked() const { return m_isBlocked; }
     void setBlocked(bool isBlocked);
     [[nodiscard]] bool isOver() const { return m_content != nullptr; }
+    [[nodiscard]] bool carriesFiles() const { return isOver() && m_carriesFiles; }
     [[nodiscard]] QPointF place() const { return m_place; }
 
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -48,6 +51,7 @@ private:
 
     QPointer<QQuickWindow> m_window;
     QPointer<const QMimeData> m_content;
+    bool m_carriesFiles = false;
     QPointF m_place;
     Qt::DropActions m_actions;
     Qt::MouseButtons m_buttons;

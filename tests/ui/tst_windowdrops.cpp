@@ -22,6 +22,9 @@ private Q_SLOTS:
     void scrollingUnderAStillDragTakesTheHighlightAlong();
     void aDropGoesToTheRowThatWasScrolledUnderIt();
     void aRowThatComesUnderAStillDragIsLit();
+    void filesHeldAtAnEdgeOfTheListScrollIt();
+    void nothingButFilesScrollsTheList_data();
+    void nothingButFilesScrollsTheList();
     void aSelectedRowLooksLikeADropTargetToo();
     void nothingTakesDropsUnderADialog();
     void aDialogThatComesDuringADragTakesItAway();
@@ -70,6 +73,16 @@ private:
             many.append(folderNamed(QStringLiteral("Folder %1").arg(number)));
         m_window->changeFromOutside(many);
         return many;
+    }
+    [[nodiscard]] qreal listPosition()
+    {
+        return m_window->named("folderList")->property("contentY").toReal();
+    }
+    /// Close to the top or the bottom of what is seen of the list.
+    [[nodiscard]] QPoint listEdge(bool isBottom)
+    {
+        const QQuickItem *const list = m_window->named("folderList");
+        return list->mapToScene({60, isBottom ? list->height() - 20 : 20}).toPoint();
     }
     /// The rows that look like drop targets, or begin to.
     [[nodiscard]] QStringList highlighted()
@@ -287,6 +300,54 @@ void WindowDropsTest::aRowThatComesUnderAStillDragIsLit()
     QTRY_COMPARE(highlighted(), QStringList{third.name});
     m_window->changeFromOutside({m_a, m_b});
     QTRY_COMPARE(highlighted(), QStringList());
+    drag.leave();
+}
+
+void WindowDropsTest::filesHeldAtAnEdgeOfTheListScrollIt()
+{
+    const QList<DockFolder> many = showManyFolders();
+    QQuickItem *const list = m_window->named("folderList");
+    const qreal top = listPosition();
+    IncomingDrag drag(*m_window->window, "file:///tmp/x");
+    list->setProperty("contentY", 38 * rowHeight());
+    QVERIFY(!list->property("atYEnd").toBool());
+    QVERIFY(drag.enter(listEdge(true)));
+    QTRY_VERIFY_WITH_TIMEOUT(list->property("atYEnd").toBool(), 20'000);
+    QTRY_COMPARE(highlighted(), QStringList{many.last().name});
+    const qreal end = listPosition();
+    QVERIFY(drag.move(WindowFixture::centre(list)));
+    QTest::qWait(100);
+    QCOMPARE(listPosition(), end);
+    list->setProperty("contentY", 5 * rowHeight());
+    QVERIFY(drag.move(listEdge(false)));
+    QTRY_COMPARE_WITH_TIMEOUT(listPosition(), top, 20'000);
+    QCOMPARE(drag.drop(listEdge(false)), Qt::CopyAction);
+    QTRY_COMPARE(itemsOf(many.first()), QStringList{QStringLiteral("x")});
+}
+
+void WindowDropsTest::nothingButFilesScrollsTheList_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QString>("format");
+    QTest::addColumn<bool>("isOverList");
+    const QString urls = QStringLiteral("text/uri-list");
+    QTest::newRow("an item of a folder") << QByteArray("b") << QStringLiteral("text/plain") << true;
+    QTest::newRow("a web page") << QByteArray("https://example.com/") << urls << true;
+    QTest::newRow("files beside the list") << QByteArray("file:///tmp/x") << urls << false;
+}
+
+void WindowDropsTest::nothingButFilesScrollsTheList()
+{
+    QFETCH(QByteArray, content);
+    QFETCH(QString, format);
+    QFETCH(bool, isOverList);
+    showManyFolders();
+    const qreal before = listPosition();
+    IncomingDrag drag(*m_window->window, content, format);
+    const int width = qRound(m_window->named("folderList")->width());
+    drag.enter(listEdge(true) + QPoint(isOverList ? 0 : width, 0));
+    QTest::qWait(100);
+    QCOMPARE(listPosition(), before);
     drag.leave();
 }
 

@@ -2,7 +2,9 @@
 #include "tests/ui/drags.h"
 #include "tests/ui/itemtree.h"
 #include "tests/ui/windowfixture.h"
+#include "ui/itemdragsource.h"
 
+#include <QDrag>
 #include <QSignalSpy>
 
 /// What is dragged over the items of a folder: its own items, and files.
@@ -30,6 +32,9 @@ private Q_SLOTS:
     void aLockedFolderHasNoRemoveButtonUnderThePointer();
     void pressingAndMovingDragsTheItem();
     void whatIsLetGoAtOnceIsNotDragged();
+    void thePointerHoldsThePictureWhereItTookTheItem_data();
+    void thePointerHoldsThePictureWhereItTookTheItem();
+    void theKeyboardGoesOnWithTheItemThatWasDragged();
 
 private:
     [[nodiscard]] QString order() const
@@ -48,6 +53,8 @@ private:
     [[nodiscard]] bool isHighlighted() const { return grid()->property("isDropTargeted").toBool(); }
     [[nodiscard]] QString draggedID() const { return grid()->property("draggedItemID").toString(); }
     [[nodiscard]] IncomingDrag dragItem(int index);
+    /// Takes an item there and moves it until the system drags it, which ends at once here.
+    void dragFrom(const QPoint &place);
 
     const DockFolder m_full
         = folderNamed(QStringLiteral("Full"),
@@ -354,6 +361,51 @@ void WindowGridDropsTest::whatIsLetGoAtOnceIsNotDragged()
     send(QEvent::MouseButtonRelease, from + QPointF(30, 0), Qt::NoButton);
     QTest::qWait(200);
     QCOMPARE(dragged.count(), 0);
+}
+
+void WindowGridDropsTest::dragFrom(const QPoint &place)
+{
+    const QSignalSpy ends(grid()->findChild<ItemDragSource *>(), &ItemDragSource::ended);
+    QTest::mousePress(m_window->window, Qt::LeftButton, Qt::NoModifier, place);
+    for (int step = 1; step <= 3; ++step)
+        QTest::mouseMove(m_window->window, place + QPoint(step * 10, 0));
+    QTRY_COMPARE(ends.count(), 1);
+    QTest::mouseRelease(m_window->window, Qt::LeftButton, Qt::NoModifier, place);
+}
+
+void WindowGridDropsTest::thePointerHoldsThePictureWhereItTookTheItem_data()
+{
+    QTest::addColumn<QPoint>("place");
+    QTest::newRow("at its icon") << QPoint(40, 20);
+    QTest::newRow("at its name") << QPoint(48, 76);
+    QTest::newRow("at its corner") << QPoint(5, 85);
+}
+
+void WindowGridDropsTest::thePointerHoldsThePictureWhereItTookTheItem()
+{
+    QFETCH(QPoint, place);
+    QList<QPoint> held;
+    QList<QSize> sizes;
+    connect(grid()->findChild<ItemDragSource *>(), &ItemDragSource::ended, this, [&] {
+        const auto *const drag = m_window->window->findChild<QDrag *>();
+        held.append(drag->hotSpot());
+        sizes.append(drag->pixmap().deviceIndependentSize().toSize());
+    });
+    dragFrom(cell("b")->mapToScene(place).toPoint());
+    QCOMPARE(held, QList<QPoint>{place});
+    QCOMPARE(sizes, QList<QSize>{cell("b")->size().toSize()});
+}
+
+void WindowGridDropsTest::theKeyboardGoesOnWithTheItemThatWasDragged()
+{
+    m_window->click(m_window->row(m_full.name));
+    QVERIFY(m_window->named("folderList")->hasActiveFocus());
+    dragFrom(centreOf("b"));
+    QVERIFY(cell("b")->hasActiveFocus());
+    m_window->press(Qt::Key_Right, Qt::AltModifier);
+    QCOMPARE(order(), QStringLiteral("acbd"));
+    m_window->press(Qt::Key_Down, Qt::AltModifier);
+    QCOMPARE(namesOf(m_window->store->folders()), (QStringList{m_full.name, m_empty.name}));
 }
 
 QTEST_MAIN(WindowGridDropsTest)

@@ -1,4 +1,5 @@
 #include "model/uuidtext.h"
+#include "tests/ui/itemtree.h"
 #include "tests/ui/windowfixture.h"
 
 /// A folder in the sidebar that the pointer holds, while another program changes the library.
@@ -15,6 +16,7 @@ private Q_SLOTS:
     void theListScrollsBackToItsShiftedTop();
     void aPressWithoutADragMovesNothing();
     void escapePutsTheHeldFolderBack();
+    void aHeldLockedFolderKeepsItsBadge();
 
 private:
     [[nodiscard]] static QString nameOf(int number)
@@ -178,6 +180,21 @@ void WindowReorderingTest::escapePutsTheHeldFolderBack()
     take(nameOf(1), 52); // the next one is held as ever
     letGo();
     QCOMPARE(order().first(3), (QStringList{nameOf(0), nameOf(2), nameOf(1)}));
+}
+
+void WindowReorderingTest::aHeldLockedFolderKeepsItsBadge()
+{
+    const QString lock = QStringLiteral("lock.fill");
+    CompanionStoreTestAccess::lock(*m_window->store, m_folders.at(3).id);
+    take(nameOf(3), 104);
+    QVERIFY(shown("heldFolder"));
+    QVERIFY(shownSymbol(shown("heldFolder"), lock));
+    letGo();
+    QCOMPARE(order().at(5), nameOf(3));
+    take(nameOf(1), 52);
+    QVERIFY(shown("heldFolder"));
+    QVERIFY(!shownSymbol(shown("heldFolder"), lock));
+    letGo();
 }
 
 QTEST_MAIN(WindowReorderingTest)

@@ -18,6 +18,8 @@ private Q_SLOTS:
     void aDraggedRowIsReordered();
     void theAppStoreFolderIsNotDragged();
     void anotherFolderIsShownFromItsTop();
+    void theGridFollowsWhenItGetsShorter_data();
+    void theGridFollowsWhenItGetsShorter();
     void theKeyboardRevealsItemsOutOfView();
     void largerWindowsShowMoreColumns();
 
@@ -136,6 +138,43 @@ void WindowScrollingTest::anotherFolderIsShownFromItsTop()
     detail->setProperty("contentY", 700.0);
     m_window->press(Qt::Key_Down);
     QCOMPARE(position(detail), 0.0);
+}
+
+void WindowScrollingTest::theGridFollowsWhenItGetsShorter_data()
+{
+    QTest::addColumn<int>("count");
+    QTest::addColumn<bool>("isAnotherFolder");
+    for (const int count : {0, 6, 30}) {
+        QTest::addRow("another folder of %d", count) << count << true;
+        QTest::addRow("the same folder with %d left", count) << count << false;
+    }
+}
+
+// From its end, which comes nearer while the grid is placed. Bindings that run in a circle warn.
+void WindowScrollingTest::theGridFollowsWhenItGetsShorter()
+{
+    QFETCH(int, count);
+    QFETCH(bool, isAnotherFolder);
+    DockFolder &shorter = m_folders[isAnotherFolder ? 1 : 0];
+    shorter.items.resize(count);
+    if (isAnotherFolder)
+        m_window->changeFromOutside(m_folders);
+    QQuickItem *const detail = m_window->named("detailScroll");
+    const auto end
+        = [&] { return qMax(0.0, detail->property("contentHeight").toReal() - detail->height()); };
+    detail->setProperty("contentY", end());
+    QVERIFY(m_window->row(QStringLiteral("item199")));
+    if (isAnotherFolder)
+        m_window->click(m_window->row(shorter.name));
+    else
+        m_window->changeFromOutside(m_folders);
+    QTRY_COMPARE(position(detail), isAnotherFolder ? 0.0 : end());
+    QVERIFY(!m_window->row(QStringLiteral("item199")));
+    QCOMPARE(m_window->named("emptyState") != nullptr, count == 0);
+    if (count > 0) {
+        const auto &shown = position(detail) > 0 ? shorter.items.last() : shorter.items.first();
+        QVERIFY(m_window->row(shown.name));
+    }
 }
 
 void WindowScrollingTest::theKeyboardRevealsItemsOutOfView()

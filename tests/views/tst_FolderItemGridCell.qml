@@ -148,9 +148,10 @@ ViewTest {
         mouseMove(cell, 60, 40);
         compare(drags.count, 1);
         verify(cell.isHeld);
+        compare(cell.holdPlace, Qt.point(40, 40));
         mouseRelease(cell, 60, 40);
         verify(!cell.isHeld);
-        compare(presses.count, 0);
+        compare(presses.count, 1); // what is dragged is where the keyboard goes on
     }
     function test_whatIsDraggedIsFaintAndSmall() {
         const cell = shown({});
