@@ -20,6 +20,11 @@ Item {
             ownColors.show();
     }
 
+    /// The section has been scrolled in a viewport.
+    function follow(viewport: Item) {
+        ownColors.closeUnlessIn(viewport);
+    }
+
     implicitHeight: content.implicitHeight
 
     // A panel belongs to the folder it was opened for.

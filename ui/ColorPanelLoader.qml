@@ -20,6 +20,12 @@ FileLoader {
         if (root.panel)
             root.panel.close();
     }
+    /// It would point at nothing.
+    function closeUnlessIn(viewport: Item) {
+        const top = root.swatch.mapToItem(viewport, 0, 0).y;
+        if (top < 0 || top + root.swatch.height > viewport.height)
+            root.close();
+    }
 
     file: ""
     properties: ({

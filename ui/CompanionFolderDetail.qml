@@ -65,6 +65,7 @@ DetailPane {
         anchors.top: titleRow.bottom
         anchors.bottom: parent.bottom
         contentHeight: sections.height + Theme.contentInset + Theme.contentBottomInset
+        onContentYChanged: appearance.follow(scroll)
 
         EdgeScroller {
             readonly property point place: scroll.mapFromItem(null, root.drag.place)

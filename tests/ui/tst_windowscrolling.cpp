@@ -20,6 +20,7 @@ private Q_SLOTS:
     void anotherFolderIsShownFromItsTop();
     void theGridFollowsWhenItGetsShorter_data();
     void theGridFollowsWhenItGetsShorter();
+    void theColorPanelStaysWithItsSwatch();
     void theKeyboardRevealsItemsOutOfView();
     void largerWindowsShowMoreColumns();
 
@@ -175,6 +176,23 @@ void WindowScrollingTest::theGridFollowsWhenItGetsShorter()
         const auto &shown = position(detail) > 0 ? shorter.items.last() : shorter.items.first();
         QVERIFY(m_window->row(shown.name));
     }
+}
+
+void WindowScrollingTest::theColorPanelStaysWithItsSwatch()
+{
+    const auto isOpen
+        = [this] { return m_window->item(QAccessible::Slider, QStringLiteral("Hue")) != nullptr; };
+    const QQuickItem *const swatch
+        = m_window->item(QAccessible::RadioButton, QStringLiteral("Custom Color…"));
+    QVERIFY(swatch);
+    QQuickItem *const detail = m_window->named("detailScroll");
+    m_window->click(swatch);
+    QTRY_VERIFY(isOpen());
+    detail->setProperty("contentY", 40.0);
+    m_window->finishEverything();
+    QVERIFY(isOpen());
+    detail->setProperty("contentY", swatch->mapToItem(detail, QPointF()).y() + 60);
+    QTRY_VERIFY(!isOpen());
 }
 
 void WindowScrollingTest::theKeyboardRevealsItemsOutOfView()
