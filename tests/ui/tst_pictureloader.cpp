@@ -6,6 +6,7 @@
 
 #include <atomic>
 #include <chrono>
+#include <mutex>
 
 namespace {
 
@@ -81,7 +82,7 @@ void PictureLoaderTest::cleanup()
 PictureRequest PictureLoaderTest::request(const QString &key)
 {
     const auto make = [this, key] {
-        const QMutexLocker lock(&m_mutex);
+        const std::scoped_lock lock(m_mutex);
         m_made.append(key);
         return square(10);
     };
