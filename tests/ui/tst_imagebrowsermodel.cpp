@@ -13,6 +13,12 @@
 
 #include <atomic>
 
+namespace {
+
+constexpr int patience = 60'000; // for many files under the sanitizers
+
+} // namespace
+
 class ImageBrowserModelTest : public QObject {
     Q_OBJECT
 
@@ -45,7 +51,7 @@ private:
     void begin() const
     {
         m_model->setPanels(m_panels.get());
-        QTRY_VERIFY(!m_model->isLoading());
+        QTRY_VERIFY_WITH_TIMEOUT(!m_model->isLoading(), patience);
     }
     // What it says to it: "opened", a picture, or why not.
     QString open(const QString &url) const
@@ -95,7 +101,7 @@ template <typename Question> QString ImageBrowserModelTest::answerTo(Question qu
     connect(m_model.get(), &ImageBrowserModel::refused, &context,
             [&](const QString &why) { answers.append(why); });
     question();
-    [&] { QTRY_VERIFY(!answers.isEmpty() && !m_model->isLoading()); }();
+    [&] { QTRY_VERIFY_WITH_TIMEOUT(!answers.isEmpty() && !m_model->isLoading(), patience); }();
     return answers.join(u'|');
 }
 

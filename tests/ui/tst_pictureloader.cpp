@@ -116,7 +116,7 @@ void PictureLoaderTest::occupyAllThreads()
 
 QStringList PictureLoaderTest::made()
 {
-    const QMutexLocker lock(&m_mutex);
+    const std::scoped_lock lock(m_mutex);
     return m_made;
 }
 
