@@ -14,8 +14,8 @@ class FileSystem;
 [[nodiscard]] std::optional<QString> bundleIdentifier(const FileURL &bundle,
                                                       const FileSystem &files);
 
-/// The folder whose Dock app an Info.plist makes its bundle; nothing when it makes it none, or is no
-/// property list.
+/// The folder whose Dock app an Info.plist makes its bundle; nothing when it makes it none, or is
+/// no property list.
 [[nodiscard]] std::optional<QUuid> folderIDIn(const QByteArray &infoPlist);
 /// The folder whose Dock app the bundle is; nothing when it is none, or cannot be read.
 [[nodiscard]] std::optional<QUuid> readFolderID(const FileURL &bundle, const FileSystem &files);
