@@ -188,6 +188,13 @@ void CompanionStore::applicationBecameActive()
     checkForUpdatesIfNeeded();
 }
 
+void CompanionStore::noticeNestlet()
+{
+    requireMainThread();
+    if (m_.templateApp.installedNestletURL() != m_nestletURL)
+        refreshPresence();
+}
+
 void CompanionStore::refreshPresence()
 {
     requireMainThread();

@@ -111,6 +111,8 @@ public:
     void revealProxy(const QUuid &id);
     /// Looks again which folders are installed and whether there is a Nestlet app.
     void refreshPresence();
+    /// The same when a Nestlet app has come, gone or moved, which is quick to see.
+    void noticeNestlet();
 
     // Errors and updates
 

@@ -34,8 +34,7 @@ QString CompanionViewModel::selection() const
 void CompanionViewModel::setSelection(const QString &folderID)
 {
     select(uuidFromText(folderID).value_or(QUuid()));
-    // What is shown of it is as it is now, and so are the rows and the strips.
-    m_store.refreshPresence();
+    m_store.noticeNestlet(); // without, a strip says so
 }
 
 void CompanionViewModel::select(const QUuid &id)
