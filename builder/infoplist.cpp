@@ -41,13 +41,6 @@ std::optional<QString> stringValue(const QVariantMap &dictionary, const QString 
     return value.toString();
 }
 
-std::optional<QString> readString(const FileURL &bundle, const QString &key,
-                                  const FileSystem &files)
-{
-    const auto dictionary = readableInfoPlist(bundle, files);
-    return dictionary ? stringValue(*dictionary, key) : std::nullopt;
-}
-
 FileURL executableURL(const FileURL &bundle, const QString &name)
 {
     return bundle.appendingDirectory(QStringLiteral("Contents"))
@@ -93,7 +86,8 @@ QString proxyBundleIdentifier(const QUuid &folderID)
 
 std::optional<QString> bundleIdentifier(const FileURL &bundle, const FileSystem &files)
 {
-    return readString(bundle, bundleIdentifierKey, files);
+    const auto info = readableInfoPlist(bundle, files);
+    return info ? stringValue(*info, bundleIdentifierKey) : std::nullopt;
 }
 
 std::optional<QUuid> folderIDIn(const QByteArray &infoPlist)

@@ -61,9 +61,9 @@ function(companion_read_headers_once target)
 endfunction()
 
 # companion_room(<room> SOURCES ... [LINK ...] [PRIVATE_LINK ...])
-# A target whose classes need moc asks for AUTOMOC itself: most do not, and for those it is dear.
 # Makes the static library companion_<room> from the files of this folder. Whoever links it can
-# include "<room>/file.h", through a folder that holds nothing but a link to this one.
+# include "<room>/file.h", through a folder that holds nothing but a link to this one. A target whose
+# classes need moc asks for AUTOMOC itself: most do not, and for those it is dear.
 function(companion_room room)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINK;PRIVATE_LINK")
   set(target companion_${room})

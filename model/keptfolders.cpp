@@ -58,7 +58,7 @@ public:
         m_folders.append(m_kept.m_folders.at(place));
         m_bytes.push_back(m_kept.m_bytes.at(size_t(place)));
         ++m_knownCount;
-        ++m_takenOverCount;
+        m_takesOver = true;
         return m_bytes.back().json.size();
     }
 
@@ -70,7 +70,7 @@ public:
         const qsizetype place = m_finder.find(folder.id);
         if (place >= 0 && m_kept.m_folders.at(place) == folder) {
             m_folders.append(m_kept.m_folders.at(place));
-            ++m_takenOverCount;
+            m_takesOver = true;
             return;
         }
         if (folder.customIconData)
@@ -90,7 +90,7 @@ public:
             kept.m_file = file;
         else
             detachBytes();
-        if (m_takenOverCount > 0)
+        if (m_takesOver)
             detachPictures();
         kept.m_folders = std::move(m_folders);
         kept.m_bytes = std::move(m_bytes);
@@ -118,7 +118,7 @@ private:
     std::vector<size_t> m_decoded; ///< places whose bytes are in the file
     QList<qsizetype> m_pictured; ///< places whose pictures are
     qsizetype m_knownCount{}; ///< whose bytes are kept already
-    qsizetype m_takenOverCount{}; ///< the same, and folders that are equal to kept ones
+    bool m_takesOver{}; ///< one that is kept already, by its bytes or as an equal folder
 };
 
 std::optional<QList<DockFolder>> KeptFolders::decode(const QByteArray &file)

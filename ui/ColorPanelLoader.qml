@@ -22,6 +22,8 @@ FileLoader {
     }
     /// It would point at nothing.
     function closeUnlessIn(viewport: Item) {
+        if (!root.panel || !root.panel.visible) // nearly always, while something scrolls
+            return;
         const top = root.swatch.mapToItem(viewport, 0, 0).y;
         if (top < 0 || top + root.swatch.height > viewport.height)
             root.close();

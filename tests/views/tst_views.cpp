@@ -82,16 +82,14 @@ public:
     /// The text that an item's help tag shows just now; empty: none.
     Q_INVOKABLE [[nodiscard]] static QString helpTag(QQuickItem *item)
     {
-        const auto *const popup = qmlEngine(item)->findChild<QObject *>(
-            QStringLiteral("helpTagPopup"), Qt::FindDirectChildrenOnly);
+        const QObject *const popup = helpTagPopup(item);
         const bool isShown = popup && popup->property("visible").toBool()
             && popup->property("parent").value<QQuickItem *>() == item;
         return isShown ? popup->property("text").toString() : QString();
     }
     Q_INVOKABLE [[nodiscard]] static QSizeF helpTagSize(QQuickItem *item)
     {
-        const auto *const popup = qmlEngine(item)->findChild<QObject *>(
-            QStringLiteral("helpTagPopup"), Qt::FindDirectChildrenOnly);
+        const QObject *const popup = helpTagPopup(item);
         return {popup->property("width").toReal(), popup->property("height").toReal()};
     }
     /// Lets an assistive program act on an item.
@@ -101,6 +99,12 @@ public:
     }
 
 private:
+    // Null: no help tag has been shown yet.
+    [[nodiscard]] static QObject *helpTagPopup(QQuickItem *item)
+    {
+        return qmlEngine(item)->findChild<QObject *>(QStringLiteral("helpTagPopup"),
+                                                     Qt::FindDirectChildrenOnly);
+    }
     [[nodiscard]] static QImage square(const QColor &color)
     {
         QImage image(256, 256, QImage::Format_ARGB32_Premultiplied);
