@@ -8,6 +8,7 @@
 #include "store/companionengine.h"
 #include "system/installedapplications.h"
 #include "ui/companionviewmodel.h"
+#include "ui/firstpictures.h"
 #include "ui/imageproviders.h"
 #include "ui/picturestore.h"
 #include "ui/systemappearance.h"
@@ -106,6 +107,7 @@ int main(int argc, char *argv[])
     CompanionViewModel viewModel(companion.store, pictures, [&] {
         return scanInstalledApplications(*platform.files, *platform.directories);
     });
+    beginFirstPictures(engine, *viewModel.folders(), application.devicePixelRatio());
     if (platform.announcer)
         QObject::connect(&viewModel, &CompanionViewModel::announced,
                          [&](const QString &text) { platform.announcer->announce(text); });

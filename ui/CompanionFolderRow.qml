@@ -89,8 +89,8 @@ Item {
         anchors.left: parent.left
         anchors.leftMargin: Theme.selectionInset + Theme.rowInset
         anchors.verticalCenter: parent.verticalCenter
-        size: 36
-        radius: 8
+        size: FolderIconMetrics.sidebarSize
+        radius: FolderIconMetrics.sidebarRadius
         folderID: root.folderID
         accentColorHex: root.accentColorHex
         iconSymbol: root.iconSymbol

@@ -56,7 +56,7 @@ Rectangle {
     Loader {
         id: gridLoader
         anchors.fill: parent
-        anchors.margins: root.size * 0.12
+        anchors.margins: root.size * FolderIconMetrics.gridMarginShare
         active: !root.hidesItems && root.previewURLs.length > 0
 
         sourceComponent: ItemIconGrid {
@@ -64,7 +64,7 @@ Rectangle {
             urls: root.previewURLs
             rows: root.previewColumns
             columns: root.previewColumns
-            spacing: root.size * 0.03
+            spacing: root.size * FolderIconMetrics.gridSpacingShare
         }
     }
 

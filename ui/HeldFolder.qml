@@ -1,4 +1,5 @@
 import QtQuick
+import Nestlet.Companion
 
 /// The picture of a sidebar row that the pointer holds. It stays as it was when it was taken, as the row
 /// may be used for another folder once it is out of view.
@@ -34,8 +35,8 @@ Item {
         anchors.left: parent.left
         anchors.leftMargin: Theme.selectionInset + Theme.rowInset
         anchors.verticalCenter: parent.verticalCenter
-        size: 36
-        radius: 8
+        size: FolderIconMetrics.sidebarSize
+        radius: FolderIconMetrics.sidebarRadius
         folderID: root.folderID
         accentColorHex: root.accentColorHex
         iconSymbol: root.iconSymbol

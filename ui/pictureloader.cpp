@@ -25,12 +25,18 @@ PictureLoader::~PictureLoader()
     m_pool.waitForDone();
 }
 
+void PictureLoader::begin(const PictureRequest &request)
+{
+    if (m_receivers.contains(request.key))
+        return;
+    m_receivers.insert(request.key, {});
+    enqueue(request);
+}
+
 void PictureLoader::load(const PictureRequest &request, PictureReceiver &receiver)
 {
-    QList<PictureReceiver *> &receivers = m_receivers[request.key];
-    receivers.append(&receiver);
-    if (receivers.size() == 1)
-        enqueue(request);
+    begin(request);
+    m_receivers[request.key].append(&receiver);
 }
 
 void PictureLoader::enqueue(const PictureRequest &request)

@@ -32,6 +32,8 @@ public:
     [[nodiscard]] PictureCache &cache() { return m_cache; }
     [[nodiscard]] QThreadPool &pool() { return m_pool; }
 
+    /// Has it made although nobody waits for it yet.
+    void begin(const PictureRequest &request);
     /// Calls the receiver once, later, in the order of the requests as far as possible.
     void load(const PictureRequest &request, PictureReceiver &receiver);
     /// The receiver is not called any more for that key. It must say so before it goes away.

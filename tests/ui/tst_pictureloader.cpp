@@ -42,6 +42,7 @@ private Q_SLOTS:
     void remembersWhatWasMade();
     void remembersWhatCouldNotBeMade();
     void forgetsWhatWasNotUsedForLongest();
+    void whatWasBegunIsMadeForWhoAsksLater();
     void whatNobodyWaitsForIsNotBegun();
     void whatOneStillWaitsForIsMade();
     void whatHasBegunIsRemembered();
@@ -185,6 +186,20 @@ void PictureLoaderTest::forgetsWhatWasNotUsedForLongest()
     QVERIFY(cache.find(QStringLiteral("c")));
     cache.insert(QStringLiteral("too large"), square(64));
     QVERIFY(!cache.find(QStringLiteral("too large")));
+}
+
+void PictureLoaderTest::whatWasBegunIsMadeForWhoAsksLater()
+{
+    occupyAllThreads();
+    Receiver receiver;
+    m_loader->begin(request(QStringLiteral("a")));
+    m_loader->begin(request(QStringLiteral("a")));
+    m_loader->begin(request(QStringLiteral("b")));
+    m_loader->load(request(QStringLiteral("a")), receiver);
+    m_gate.release(std::exchange(m_occupied, 0));
+    QTRY_COMPARE(receiver.pictures.size(), 1);
+    QTRY_VERIFY(m_loader->cache().find(QStringLiteral("b")));
+    QCOMPARE(made(), (QStringList{QStringLiteral("a"), QStringLiteral("b")}));
 }
 
 void PictureLoaderTest::whatNobodyWaitsForIsNotBegun()

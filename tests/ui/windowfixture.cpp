@@ -23,17 +23,29 @@ WindowFixture::WindowFixture()
 
 bool WindowFixture::open(const QList<DockFolder> &folders)
 {
+    start(folders);
+    if (!makeWindow())
+        return false;
+    window->requestActivate();
+    return QTest::qWaitForWindowActive(window);
+}
+
+void WindowFixture::start(const QList<DockFolder> &folders)
+{
     startWith(folders);
     // Not by the fake, whose notes are of what tests begin.
     model = std::make_unique<CompanionViewModel>(
         *store, pictures, [this] { return scanInstalledApplications(files.files, directories); });
+}
+
+bool WindowFixture::makeWindow()
+{
     engine.setInitialProperties({{QStringLiteral("model"), QVariant::fromValue(model.get())}});
     engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Nestlet/Companion/CompanionView.qml")));
     if (engine.rootObjects().isEmpty())
         return false;
     window = qobject_cast<QQuickWindow *>(engine.rootObjects().first());
-    window->requestActivate();
-    return QTest::qWaitForWindowActive(window);
+    return window != nullptr;
 }
 
 QQuickItem *WindowFixture::named(const char *objectName) const

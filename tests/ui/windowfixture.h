@@ -17,6 +17,9 @@ struct WindowFixture : StoreFixture {
 
     /// Writes the library, starts the store and opens the window. False when there is no window.
     [[nodiscard]] bool open(const QList<DockFolder> &folders);
+    /// The two halves of it: the second makes the window, which is not painted yet.
+    void start(const QList<DockFolder> &folders);
+    [[nodiscard]] bool makeWindow();
 
     [[nodiscard]] QQuickItem *named(const char *objectName) const;
     /// What assistive programs find under a role and a name and a user can see; null: nothing.
