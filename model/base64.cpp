@@ -115,15 +115,15 @@ char *writeRest(char *out, QByteArrayView rest)
 // Sixteen characters at a time, in a type of GCC's and Clang's that stands for the registers of
 // whichever processor.
 using Block [[gnu::vector_size(16)]] = unsigned char;
+constexpr qsizetype blockLength = sizeof(Block);
 
-// All bits set where a character is of the alphabet.
+// All bits set where a character is of the alphabet, in which the slash is next to the digits.
 Block markedAlphabet(const char *text)
 {
     Block c{};
     std::memcpy(&c, text, sizeof c);
     constexpr unsigned char toLower = 0x20;
-    return Block((c | toLower) - 'a' <= 'z' - 'a') | Block(c - '0' <= '9' - '0') | Block(c == '+')
-        | Block(c == '/');
+    return Block((c | toLower) - 'a' <= 'z' - 'a') | Block(c - '/' <= '9' - '/') | Block(c == '+');
 }
 
 bool isAllMarked(const Block &block)
@@ -133,21 +133,29 @@ bool isAllMarked(const Block &block)
     return (halves.at(0) & halves.at(1)) == ~quint64{};
 }
 
+// The first character that is not of the alphabet.
+const char *endOfAlphabet(const char *next, const char *end)
+{
+    constexpr qsizetype stride = 4 * blockLength;
+    for (; end - next >= stride; next += stride) {
+        Block marked = markedAlphabet(next);
+        for (qsizetype block = blockLength; block < stride; block += blockLength)
+            marked &= markedAlphabet(next + block);
+        if (!isAllMarked(marked))
+            break;
+    }
+    return std::find_if(next, end, [](char c) { return places[0][quint8(c)] == notInAlphabet; });
+}
+
 } // namespace
 
-bool isBase64(QByteArrayView text)
+qsizetype base64FrontLength(QByteArrayView text)
 {
-    if (text.size() % groupLength != 0)
-        return false;
-    for (int fill = 0; fill < 2 && text.endsWith('='); ++fill)
-        text.chop(1);
-    Block marked = ~Block{};
-    for (; text.size() >= qsizetype(sizeof(Block)); text = text.sliced(sizeof(Block)))
-        marked &= markedAlphabet(text.data());
-    std::array<char, sizeof(Block)> rest{};
-    rest.fill(alphabet.front());
-    std::ranges::copy(text, rest.begin());
-    return isAllMarked(marked & markedAlphabet(rest.data()));
+    const char *end = endOfAlphabet(text.begin(), text.end());
+    for (int fill = 0; fill < 2 && end != text.end() && *end == '='; ++fill)
+        ++end;
+    const qsizetype length = end - text.begin();
+    return length % groupLength == 0 ? length : 0;
 }
 
 std::optional<QByteArray> bytesFromBase64(QByteArrayView text)

@@ -19,11 +19,8 @@ Base64Bytes::Base64Bytes(const QByteArray &bytes)
 {
 }
 
-std::optional<Base64Bytes> Base64Bytes::inFile(const QByteArray &file, QByteArrayView string,
-                                               QByteArrayView text)
+Base64Bytes Base64Bytes::inFile(const QByteArray &file, QByteArrayView string)
 {
-    if (!isBase64(text))
-        return std::nullopt;
     Base64Bytes bytes(file);
     bytes.m_string = string;
     return bytes;

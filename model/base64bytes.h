@@ -3,8 +3,6 @@
 #include <QByteArray>
 #include <QByteArrayView>
 
-#include <optional>
-
 /// Bytes that a library file holds as Base64. Those that were read from one stay there, encoded,
 /// until they are asked for: most of a library is pictures, and few of them are looked at. A value;
 /// copies share their memory.
@@ -13,10 +11,9 @@ public:
     Base64Bytes() = default;
     Base64Bytes(const QByteArray &bytes); // NOLINT(google-explicit-constructor): it is these bytes
 
-    /// What a JSON string stands for that was read from `file`: the whole of it is kept. Nothing
-    /// when `text`, the string without its escapes, is no Base64.
-    [[nodiscard]] static std::optional<Base64Bytes>
-    inFile(const QByteArray &file, QByteArrayView string, QByteArrayView text);
+    /// What a JSON string stands for that was read from `file`, with its quotes, and is Base64: the
+    /// whole file is kept.
+    [[nodiscard]] static Base64Bytes inFile(const QByteArray &file, QByteArrayView string);
 
     /// Decoded anew each time, unless they were given so.
     [[nodiscard]] QByteArray bytes() const;

@@ -15,6 +15,7 @@ private Q_SLOTS:
     void decodes_data();
     void decodes();
     void refusesAForeignCharacterAnywhere();
+    void findsTheEndOfWhatIsInFront();
 };
 
 namespace {
@@ -97,7 +98,7 @@ void Base64Test::decodes()
 
 void Base64Test::refusesAForeignCharacterAnywhere()
 {
-    const QByteArray text = randomBytes(48).toBase64();
+    const QByteArray text = randomBytes(105).toBase64();
     for (qsizetype place = 0; place < text.size(); ++place) {
         for (int c = 0; c < 256; ++c) {
             QByteArray changed = text;
@@ -109,6 +110,18 @@ void Base64Test::refusesAForeignCharacterAnywhere()
             QCOMPARE(isBase64(changed), belongs);
         }
     }
+}
+
+void Base64Test::findsTheEndOfWhatIsInFront()
+{
+    for (int size = 0; size < 200; ++size) {
+        const QByteArray text = randomBytes(size).toBase64();
+        for (const char *behind : {"\"", "\\/aaa", "\xc3\xa9", "-aaaaaaa"})
+            QCOMPARE(base64FrontLength(QByteArray(text + behind)), text.size());
+    }
+    QCOMPARE(base64FrontLength("Zm9vZ\""), 0); // no whole groups
+    QCOMPARE(base64FrontLength("Zm9vZg=\""), 0);
+    QCOMPARE(base64FrontLength("Zg==="), 4); // no more than two fill up a group
 }
 
 QTEST_APPLESS_MAIN(Base64Test)
