@@ -34,9 +34,9 @@ PictureRequest PictureProvider::request(const QString &source, const QSize &area
                        .arg(area.width())
                        .arg(area.height())
                        .arg(radiusShare),
-            .make = [bytes = m_pictures.bytes(source), area, radiusShare] {
-                const QImage picture = enlarged(decodedPicture(bytes, area), area);
-                return radiusShare > 0 ? roundedPicture(picture, radiusShare) : picture;
+            .make = [picture = m_pictures.picture(source), area, radiusShare] {
+                const QImage image = enlarged(decodedPicture(picture.bytes(), area), area);
+                return radiusShare > 0 ? roundedPicture(image, radiusShare) : image;
             }};
 }
 

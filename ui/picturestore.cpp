@@ -3,12 +3,10 @@
 #include "model/dockfolder.h"
 #include "model/uuidtext.h"
 
-#include <QMutexLocker>
 #include <QSet>
 
 QString PictureStore::pictureSource(const DockFolder &folder)
 {
-    const QMutexLocker lock(&m_mutex);
     if (!folder.customIconData || folder.customIconData->isEmpty()) {
         m_pictures.remove(folder.id);
         return {};
@@ -23,7 +21,6 @@ QString PictureStore::pictureSource(const DockFolder &folder)
 
 void PictureStore::keepOnly(const QList<DockFolder> &folders)
 {
-    const QMutexLocker lock(&m_mutex);
     if (m_pictures.isEmpty())
         return;
     QSet<QUuid> ids;
@@ -33,13 +30,8 @@ void PictureStore::keepOnly(const QList<DockFolder> &folders)
     m_pictures.removeIf([&](const auto &entry) { return !ids.contains(entry.key()); });
 }
 
-QByteArray PictureStore::bytes(QStringView source) const
+Base64Bytes PictureStore::picture(QStringView source) const
 {
     const std::optional<QUuid> folderID = uuidFromText(source.left(uuidTextLength));
-    if (!folderID)
-        return {};
-    QMutexLocker lock(&m_mutex);
-    const Base64Bytes encoded = m_pictures.value(*folderID).bytes;
-    lock.unlock(); // decoding takes its time
-    return encoded.bytes();
+    return folderID ? m_pictures.value(*folderID).bytes : Base64Bytes();
 }

@@ -2,9 +2,7 @@
 
 #include "model/base64bytes.h"
 
-#include <QByteArray>
 #include <QHash>
-#include <QMutex>
 #include <QString>
 #include <QUuid>
 
@@ -12,8 +10,8 @@ struct DockFolder;
 
 /// The pictures that folders were given, where the window finds them: what a FolderPicture gets as
 /// its source names an entry here. The bytes are the library's own, shared, not copied; they are
-/// decoded only when an item comes into view, at the size it is shown at (see PictureProvider). The
-/// main thread puts in, any thread takes out. Outlives the QML engine.
+/// decoded only when an item comes into view, at the size it is shown at (see PictureProvider).
+/// Main thread only. Outlives the QML engine.
 class PictureStore {
 public:
     /// The source for a FolderPicture that shows the folder's picture: the folder's id and a number
@@ -23,8 +21,8 @@ public:
     /// Lets go of the pictures of all folders but these: to be called when folders may have gone.
     void keepOnly(const QList<DockFolder> &folders);
 
-    /// The newest picture of the folder that a source names. Any thread.
-    [[nodiscard]] QByteArray bytes(QStringView source) const;
+    /// The newest picture of the folder that a source names.
+    [[nodiscard]] Base64Bytes picture(QStringView source) const;
 
 private:
     struct Picture {
@@ -32,7 +30,6 @@ private:
         QString source{};
     };
 
-    mutable QMutex m_mutex; ///< of what follows
     QHash<QUuid, Picture> m_pictures;
     quint64 m_version{}; ///< never used twice, so that no cache can mistake a picture for another
 };

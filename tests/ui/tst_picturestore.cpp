@@ -78,7 +78,8 @@ void PictureStoreTest::anotherPictureHasASourceOfItsOwn()
     folder.customIconData = pngOf(Qt::red); // removed and given again
     sources.insert(m_pictures.pictureSource(folder));
     QCOMPARE(sources.size(), 5);
-    QCOMPARE(m_pictures.bytes(m_pictures.pictureSource(folder)), folder.customIconData->bytes());
+    QCOMPARE(m_pictures.picture(m_pictures.pictureSource(folder)).bytes(),
+             folder.customIconData->bytes());
 }
 
 void PictureStoreTest::picturesOfFoldersThatAreGoneAreLetGo()
@@ -88,18 +89,18 @@ void PictureStoreTest::picturesOfFoldersThatAreGoneAreLetGo()
     const QString staying = m_pictures.pictureSource(stays);
     const QString going = m_pictures.pictureSource(goes);
     m_pictures.keepOnly({folderWith({}), stays});
-    QCOMPARE(m_pictures.bytes(staying), stays.customIconData->bytes());
-    QCOMPARE(m_pictures.bytes(going), QByteArray());
+    QCOMPARE(m_pictures.picture(staying).bytes(), stays.customIconData->bytes());
+    QCOMPARE(m_pictures.picture(going).bytes(), QByteArray());
     QCOMPARE(m_pictures.pictureSource(stays), staying);
     QVERIFY(m_pictures.pictureSource(goes) != going);
     m_pictures.keepOnly({});
-    QCOMPARE(m_pictures.bytes(staying), QByteArray());
+    QCOMPARE(m_pictures.picture(staying).bytes(), QByteArray());
 }
 
 void PictureStoreTest::theBytesAreShared()
 {
     const DockFolder folder = folderWith(pngOf(Qt::red));
-    const QByteArray bytes = m_pictures.bytes(m_pictures.pictureSource(folder));
+    const QByteArray bytes = m_pictures.picture(m_pictures.pictureSource(folder)).bytes();
     QCOMPARE(static_cast<const void *>(bytes.constData()),
              static_cast<const void *>(folder.customIconData->bytes().constData()));
 }
@@ -117,7 +118,7 @@ void PictureStoreTest::unknownSourcesHaveNoBytes()
 {
     QFETCH(QString, id);
     static_cast<void>(m_pictures.pictureSource(folderWith(pngOf(Qt::red))));
-    QCOMPARE(m_pictures.bytes(id), QByteArray());
+    QCOMPARE(m_pictures.picture(id).bytes(), QByteArray());
 }
 
 void PictureStoreTest::picturesAreDecodedAtTheSizeTheyAreShownAt_data()
