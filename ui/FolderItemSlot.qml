@@ -29,10 +29,11 @@ FocusScope {
     signal moveRequested(step: int)
     signal dragStarted(cell: FolderItemGridCell)
 
+    // The view may take a slot elsewhere and back before anything is seen of it.
     function follow() {
+        slide.stop();
         if (root.shownX === root.x && root.shownY === root.y)
             return;
-        slide.stop();
         if (root.isRearranging && root.rearrangement !== root.firstRearrangement && Theme.changeDuration > 0) {
             slide.start();
         } else {
