@@ -21,6 +21,7 @@ Item {
     required property bool isCurrent
     required property bool listHasFocus
     required property DropReceiver receiver
+    /// Kept by the list for another folder. It may still be where it was last seen.
     property bool isPooled: false
     readonly property bool isDropTargeted: dropTarget.isTargeted
     readonly property string caption: root.isDropTargeted ? qsTr("Drop to add") : root.status
@@ -39,6 +40,7 @@ Item {
     signal moveRequested(step: int)
 
     height: Theme.rowHeight
+    visible: !root.isPooled
     Accessible.ignored: root.isPooled
     Accessible.role: Accessible.ListItem
     Accessible.name: root.name

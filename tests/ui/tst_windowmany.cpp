@@ -14,6 +14,7 @@ private Q_SLOTS:
     void onlyVisibleRowsExist();
     void theEndShowsTheLastCell();
     void theEndShowsTheLastRow();
+    void aRowThatGoesOutOfViewLeavesNothingBehind();
     void scrollingThroughLeavesNoCellBehind();
     void theNumberOfItemsIsWrittenByTheLocale();
     void theKeyboardReachesTheLastItem();
@@ -101,6 +102,20 @@ void WindowManyTest::theEndShowsTheLastRow()
     QVERIFY(last);
     QVERIFY(last->mapToItem(list, {}).y() + last->height() <= list->height());
     QVERIFY(count("CompanionFolderRow_") <= 40);
+}
+
+void WindowManyTest::aRowThatGoesOutOfViewLeavesNothingBehind()
+{
+    QList<DockFolder> changed = m_folders;
+    changed.swapItemsAt(2, 30);
+    m_window->changeFromOutside(changed);
+    QVERIFY(m_window->row(QStringLiteral("Folder 30")));
+    const QList<QQuickItem *> shown
+        = descendants(m_window->named("folderList"), [](const QQuickItem *item) {
+              return item->isVisible()
+                  && item->property("name").toString() == QStringLiteral("Folder 2");
+          });
+    QVERIFY(shown.isEmpty());
 }
 
 void WindowManyTest::scrollingThroughLeavesNoCellBehind()
