@@ -23,6 +23,8 @@ Item {
     required property DropReceiver receiver
     /// Kept by the list for another folder. It may still be where it was last seen.
     property bool isPooled: false
+    /// How far from its place it is seen, while it slides there.
+    property real shift: 0
     readonly property bool isDropTargeted: dropTarget.isTargeted
     readonly property string caption: root.isDropTargeted ? qsTr("Drop to add") : root.status
     // Nothing in the accent shows on the accent: what is dropped on a selected row needs another ground.
@@ -64,70 +66,77 @@ Item {
     HelpTag.text: root.name
     HelpTag.isShown: root.hovered && nameText.truncated && !mouse.pressed
 
-    Rectangle {
-        objectName: "ground"
-        anchors.fill: parent
-        anchors.leftMargin: Theme.selectionInset
-        anchors.rightMargin: Theme.selectionInset
-        radius: Theme.buttonRadius
-        color: !root.isSelected ? "transparent" : root.isEmphasized ? Theme.accentFill : Theme.selectedRow
-        border.width: root.targeting > 0 ? 2 : 0
-        border.color: Theme.faded(Theme.accent, root.targeting)
-    }
+    // Only what is seen slides: pointers and assistive programs find the row at its place.
+    Item {
+        y: root.shift
+        width: root.width
+        height: root.height
 
-    Loader {
-        anchors.fill: parent
-        anchors.leftMargin: Theme.selectionInset
-        anchors.rightMargin: Theme.selectionInset
-        active: root.isCurrent && InputModality.isKeyboard
-
-        sourceComponent: Item {
-            FocusRing {}
+        Rectangle {
+            objectName: "ground"
+            anchors.fill: parent
+            anchors.leftMargin: Theme.selectionInset
+            anchors.rightMargin: Theme.selectionInset
+            radius: Theme.buttonRadius
+            color: !root.isSelected ? "transparent" : root.isEmphasized ? Theme.accentFill : Theme.selectedRow
+            border.width: root.targeting > 0 ? 2 : 0
+            border.color: Theme.faded(Theme.accent, root.targeting)
         }
-    }
 
-    SidebarFolderThumbnail {
-        id: thumbnail
-        anchors.left: parent.left
-        anchors.leftMargin: Theme.selectionInset + Theme.rowInset
-        anchors.verticalCenter: parent.verticalCenter
-        size: FolderIconMetrics.sidebarSize
-        radius: FolderIconMetrics.sidebarRadius
-        folderID: root.folderID
-        accentColorHex: root.accentColorHex
-        iconSymbol: root.iconSymbol
-        pictureSource: root.pictureSource
-        previewURLs: root.previewURLs
-        previewColumns: root.previewColumns
-        isLocked: root.isLocked
-    }
+        Loader {
+            anchors.fill: parent
+            anchors.leftMargin: Theme.selectionInset
+            anchors.rightMargin: Theme.selectionInset
+            active: root.isCurrent && InputModality.isKeyboard
 
-    // A width that is there at once: a text is laid out anew for each that it is given.
-    CompanionText {
-        id: nameText
-        anchors.left: thumbnail.right
-        anchors.leftMargin: 8
-        y: Math.floor((root.height - nameText.height - 2 - captionText.height) / 2)
-        width: root.textWidth
-        text: root.name
-        maximumLineCount: 1
-        font: Theme.headline
-        color: root.isEmphasized ? Theme.accentText : Theme.primary
-    }
+            sourceComponent: Item {
+                FocusRing {}
+            }
+        }
 
-    CompanionText {
-        id: captionText
-        objectName: "caption"
-        anchors.left: nameText.left
-        anchors.top: nameText.bottom
-        anchors.topMargin: 2
-        width: root.textWidth
-        text: root.caption
-        font: Theme.caption
-        wrapMode: Text.Wrap
-        maximumLineCount: 2
-        color: root.isEmphasized ? Theme.accentText : root.targeting === 0 ? root.restingInk
-                                 : Qt.tint(root.restingInk, Theme.faded(Theme.accentInk, root.targeting))
+        SidebarFolderThumbnail {
+            id: thumbnail
+            anchors.left: parent.left
+            anchors.leftMargin: Theme.selectionInset + Theme.rowInset
+            anchors.verticalCenter: parent.verticalCenter
+            size: FolderIconMetrics.sidebarSize
+            radius: FolderIconMetrics.sidebarRadius
+            folderID: root.folderID
+            accentColorHex: root.accentColorHex
+            iconSymbol: root.iconSymbol
+            pictureSource: root.pictureSource
+            previewURLs: root.previewURLs
+            previewColumns: root.previewColumns
+            isLocked: root.isLocked
+        }
+
+        // A width that is there at once: a text is laid out anew for each that it is given.
+        CompanionText {
+            id: nameText
+            anchors.left: thumbnail.right
+            anchors.leftMargin: 8
+            y: Math.floor((root.height - nameText.height - 2 - captionText.height) / 2)
+            width: root.textWidth
+            text: root.name
+            maximumLineCount: 1
+            font: Theme.headline
+            color: root.isEmphasized ? Theme.accentText : Theme.primary
+        }
+
+        CompanionText {
+            id: captionText
+            objectName: "caption"
+            anchors.left: nameText.left
+            anchors.top: nameText.bottom
+            anchors.topMargin: 2
+            width: root.textWidth
+            text: root.caption
+            font: Theme.caption
+            wrapMode: Text.Wrap
+            maximumLineCount: 2
+            color: root.isEmphasized ? Theme.accentText : root.targeting === 0 ? root.restingInk
+                                     : Qt.tint(root.restingInk, Theme.faded(Theme.accentInk, root.targeting))
+        }
     }
 
     MouseArea {

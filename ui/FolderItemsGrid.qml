@@ -66,9 +66,9 @@ Item {
 
     RowRearrangement {
         id: rearranging
-        items: root.items
-        view: grid
+        rows: root.items
         folderID: root.folderID
+        onPlacing: grid.forceLayout()
     }
 
     FolderItemDrag {

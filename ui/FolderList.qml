@@ -10,8 +10,12 @@ ListView {
 
     required property CompanionViewModel companion
     readonly property string selection: root.companion.selection
+    /// How much of their way is before the rows that slide to other places, as a share of it.
+    property real slideRest: 0
     // What the first and last rows' rings need beyond them.
     readonly property int ringRoom: 4
+    /// Rows are about to go to other places.
+    signal slideBegun
 
     // Asked for when it is needed: rows come, go and move.
     function selectedRow(): int {
@@ -124,16 +128,31 @@ ListView {
         container: root.contentItem
     }
 
-    displaced: Transition {
-        NumberAnimation {
-            properties: "y"
-            duration: Theme.changeDuration
-            easing.type: Easing.OutQuad
+    // The view's own transitions lose rows where many go past each other.
+    RowRearrangement {
+        id: rearranging
+        parent: root
+        rows: root.companion.folders
+        onBegun: {
+            root.slideBegun();
+            sliding.stop();
+            root.slideRest = 1;
         }
+        onPlacing: root.forceLayout()
+        onEnded: sliding.restart()
     }
-    move: root.displaced
 
-    delegate: CompanionFolderRow {
+    NumberAnimation {
+        id: sliding
+        target: root
+        property: "slideRest"
+        from: 1
+        to: 0
+        duration: Theme.changeDuration
+        easing.type: Easing.OutQuad
+    }
+
+    delegate: FolderListRow {
         id: row
 
         width: ListView.view.width
@@ -142,6 +161,8 @@ ListView {
         listHasFocus: root.activeFocus
         receiver: root.companion
         opacity: row.folderID === reordering.heldFolderID ? 0.35 : 1
+        isRearranging: rearranging.isGoingOn
+        slideRest: root.slideRest
         ListView.onPooled: row.isPooled = true
         ListView.onReused: row.isPooled = false
         onPressed: root.forceActiveFocus(Qt.MouseFocusReason)

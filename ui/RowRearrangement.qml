@@ -1,32 +1,39 @@
 import QtQuick
 import Nestlet.Companion
 
-/// Knows when the items that a view shows find their places anew because rows came, went or moved, and
-/// not because the window or the folder became another.
+/// Knows when what a view shows finds its places anew because rows came, went or moved, and not because
+/// the window, or what the rows are of, became another.
 Item {
     id: root
 
-    required property ItemListModel items
-    required property GridView view
-    required property string folderID
+    required property var rows // an ItemListModel or a FolderListModel
+    /// Whose rows they are.
+    property string folderID
     /// How many times it has happened, and whether it is just happening.
     property int count: 0
     property bool isGoingOn: false
+    /// The rows are about to change, still at their former places.
+    signal begun
+    /// The view has to lay them out now.
+    signal placing
+    signal ended
 
     function begin() {
         ++root.count;
         root.isGoingOn = true;
+        root.begun();
         Qt.callLater(root.end);
     }
     function end() {
-        root.view.forceLayout();
+        root.placing();
         root.isGoingOn = false;
+        root.ended();
     }
 
     onFolderIDChanged: root.isGoingOn = false
 
     Connections {
-        target: root.items // qmllint disable incompatible-type
+        target: root.rows // qmllint disable incompatible-type
         function onRowsAboutToBeInserted() {
             root.begin();
         }

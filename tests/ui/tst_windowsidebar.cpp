@@ -18,6 +18,7 @@ private Q_SLOTS:
     void theMenuAddsAllToTheDock();
     void selectionAndScrollPositionOutliveAnOutsideChange();
     void rowsFollowTheLibrary();
+    void rowsSlideToTheirPlaces();
     void theSidebarKeepsItsPlace();
     void theSidebarCannotBeDraggedAway_data();
     void theSidebarCannotBeDraggedAway();
@@ -150,6 +151,19 @@ void WindowSidebarTest::rowsFollowTheLibrary()
     renamed.name = QStringLiteral("Toys");
     m_window->changeFromOutside({renamed, m_a});
     QTRY_COMPARE(m_window->rowNames(), (QStringList{renamed.name, m_a.name}));
+}
+
+void WindowSidebarTest::rowsSlideToTheirPlaces()
+{
+    const auto shift = [this](const DockFolder &folder) {
+        return m_window->row(folder.name)->property("shift").toReal();
+    };
+    const qreal step = m_window->row(m_b.name)->y() - m_window->row(m_a.name)->y();
+    QCOMPARE(shift(m_b), 0.0);
+    m_window->model->folders()->moveFolder(uuidText(m_b.id), 0);
+    QCOMPARE(shift(m_a), -step); // seen where it was
+    QCOMPARE(shift(m_b), step);
+    QTRY_VERIFY(shift(m_a) == 0 && shift(m_b) == 0);
 }
 
 void WindowSidebarTest::theSidebarKeepsItsPlace()
