@@ -138,8 +138,10 @@ ListView {
             sliding.stop();
             root.slideRest = 1;
         }
-        onPlacing: root.forceLayout()
-        onEnded: sliding.restart()
+        onPlacing: {
+            root.forceLayout();
+            sliding.restart();
+        }
     }
 
     NumberAnimation {

@@ -16,10 +16,11 @@ Item {
     signal begun
     /// The view has to lay them out now.
     signal placing
-    signal ended
 
     function begin() {
         ++root.count;
+        if (root.isGoingOn) // many rows may go their ways at once
+            return;
         root.isGoingOn = true;
         root.begun();
         Qt.callLater(root.end);
@@ -27,7 +28,6 @@ Item {
     function end() {
         root.placing();
         root.isGoingOn = false;
-        root.ended();
     }
 
     onFolderIDChanged: root.isGoingOn = false

@@ -12,7 +12,7 @@ constexpr int rowHeight = 52;
 
 /// Another window on the same store, opened now.
 struct NewWindow {
-    NewWindow(WindowFixture &fixture)
+    explicit NewWindow(const WindowFixture &fixture)
         : model(*fixture.store, pictures)
     {
         addImageProviders(engine, fixture.workspace, pictures);
@@ -44,7 +44,8 @@ QMultiMap<qreal, QString> paintedRows(QQuickItem *list)
 {
     QMultiMap<qreal, QString> rows;
     for (QQuickItem *row : list->property("contentItem").value<QQuickItem *>()->childItems()) {
-        const qreal top = row->mapToItem(list, QPointF()).y();
+        const qreal top = row->mapToItem(list, QPointF()).y()
+            + row->property("shift").toReal(); // as it is seen
         if (row->isVisible() && row->property("caption").isValid() && top > -rowHeight
             && top < list->height())
             rows.insert(top, row->property("name").toString());
