@@ -1,8 +1,7 @@
 import QtQuick
 import Nestlet.Companion
 
-/// The place of one item in the grid. It is where the item belongs at once, so that a drag meets no
-/// item on its way; what is seen of it slides there.
+/// The place of one item in the grid, with its cell.
 FocusScope {
     id: root
 
@@ -16,57 +15,23 @@ FocusScope {
     required property bool showsFocus
     /// Between this slot's cell and the next.
     required property real spacing
-    /// How many times rows have come, gone or moved, and whether the slots are finding their places
-    /// after that just now.
-    required property int rearrangement
-    required property bool isRearranging
-    property int firstRearrangement: 0
-    property real shownX: 0
-    property real shownY: 0
+    required property RowRearrangement rearrangement
     signal focused
     signal pressed
     signal removeRequested
     signal moveRequested(step: int)
     signal dragStarted(cell: FolderItemGridCell)
 
-    // The view may take a slot elsewhere and back before anything is seen of it.
-    function follow() {
-        slide.stop();
-        if (root.shownX === root.x && root.shownY === root.y)
-            return;
-        if (root.isRearranging && root.rearrangement !== root.firstRearrangement && Theme.changeDuration > 0) {
-            slide.start();
-        } else {
-            root.shownX = root.x;
-            root.shownY = root.y;
-        }
-    }
-
-    onXChanged: root.follow()
-    onYChanged: root.follow()
     onActiveFocusChanged: {
         if (root.activeFocus)
             root.focused();
     }
-    Component.onCompleted: root.firstRearrangement = root.rearrangement
 
-    ParallelAnimation {
+    RowSlide {
         id: slide
-
-        NumberAnimation {
-            target: root
-            property: "shownX"
-            to: root.x
-            duration: Theme.changeDuration
-            easing.type: Easing.OutQuad
-        }
-        NumberAnimation {
-            target: root
-            property: "shownY"
-            to: root.y
-            duration: Theme.changeDuration
-            easing.type: Easing.OutQuad
-        }
+        rearrangement: root.rearrangement
+        row: root
+        rowID: root.itemID
     }
 
     FolderItemGridCell {
@@ -74,7 +39,7 @@ FocusScope {
 
         x: root.LayoutMirroring.enabled ? root.width - width - leading : leading
         focus: true
-        shift: Qt.point(Math.round(root.shownX - root.x), Math.round(root.shownY - root.y))
+        shift: slide.shift
         itemID: root.itemID
         name: root.name
         url: root.url

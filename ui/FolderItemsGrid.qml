@@ -162,8 +162,7 @@ Item {
             isLocked: root.isLocked
             draggedItemID: root.draggedItemID
             showsFocus: InputModality.isKeyboard
-            rearrangement: rearranging.count
-            isRearranging: rearranging.isGoingOn
+            rearrangement: rearranging
             onFocused: grid.currentIndex = slot.index
             onPressed: {
                 grid.currentIndex = slot.index;

@@ -10,12 +10,8 @@ ListView {
 
     required property CompanionViewModel companion
     readonly property string selection: root.companion.selection
-    /// How much of their way is before the rows that slide to other places, as a share of it.
-    property real slideRest: 0
     // What the first and last rows' rings need beyond them.
     readonly property int ringRoom: 4
-    /// Rows are about to go to other places.
-    signal slideBegun
 
     // Asked for when it is needed: rows come, go and move.
     function selectedRow(): int {
@@ -133,46 +129,34 @@ ListView {
         id: rearranging
         parent: root
         rows: root.companion.folders
-        onBegun: {
-            root.slideBegun();
-            sliding.stop();
-            root.slideRest = 1;
-        }
-        onPlacing: {
-            root.forceLayout();
-            sliding.restart();
-        }
+        onPlacing: root.forceLayout()
     }
 
-    NumberAnimation {
-        id: sliding
-        target: root
-        property: "slideRest"
-        from: 1
-        to: 0
-        duration: Theme.changeDuration
-        easing.type: Easing.OutQuad
-    }
-
-    delegate: FolderListRow {
-        id: row
+    delegate: CompanionFolderRow {
+        id: rowItem
 
         width: ListView.view.width
-        isSelected: row.folderID === root.companion.selection
-        isCurrent: root.activeFocus && (row.isSelected || root.selection === "" && row.index === 0)
+        isSelected: rowItem.folderID === root.companion.selection
+        isCurrent: root.activeFocus && (rowItem.isSelected || root.selection === "" && rowItem.index === 0)
         listHasFocus: root.activeFocus
         receiver: root.companion
-        opacity: row.folderID === reordering.heldFolderID ? 0.35 : 1
-        isRearranging: rearranging.isGoingOn
-        slideRest: root.slideRest
-        ListView.onPooled: row.isPooled = true
-        ListView.onReused: row.isPooled = false
+        opacity: rowItem.folderID === reordering.heldFolderID ? 0.35 : 1
+        shift: slide.shift.y
+        ListView.onPooled: rowItem.isPooled = true
+        ListView.onReused: rowItem.isPooled = false
         onPressed: root.forceActiveFocus(Qt.MouseFocusReason)
         onClicked: {
             root.forceActiveFocus(Qt.MouseFocusReason);
-            root.companion.selection = row.folderID;
+            root.companion.selection = rowItem.folderID;
         }
-        onMoveRequested: step => root.companion.folders.moveFolder(row.folderID, row.index + step)
+        onMoveRequested: step => root.companion.folders.moveFolder(rowItem.folderID, rowItem.index + step)
+
+        RowSlide {
+            id: slide
+            rearrangement: rearranging
+            row: rowItem
+            rowID: rowItem.isPooled ? "" : rowItem.folderID
+        }
     }
 
     FolderReordering {

@@ -76,7 +76,7 @@ void WindowManyTest::onlyVisibleCellsExist()
 
 void WindowManyTest::onlyVisibleRowsExist()
 {
-    const qsizetype rows = count("FolderListRow_");
+    const qsizetype rows = count("CompanionFolderRow_");
     QVERIFY(rows >= 10);
     QVERIFY2(rows <= 40, qPrintable(QString::number(rows)));
     QCOMPARE(m_window->named("folderList")->property("count").toInt(), folders);
@@ -101,7 +101,7 @@ void WindowManyTest::theEndShowsTheLastRow()
     const QQuickItem *const last = m_window->row(QStringLiteral("Folder 999"));
     QVERIFY(last);
     QVERIFY(last->mapToItem(list, {}).y() + last->height() <= list->height());
-    QVERIFY(count("FolderListRow_") <= 40);
+    QVERIFY(count("CompanionFolderRow_") <= 40);
 }
 
 void WindowManyTest::aRowThatGoesOutOfViewLeavesNothingBehind()

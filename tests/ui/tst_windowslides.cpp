@@ -119,7 +119,8 @@ void WindowSlidesTest::addedItemsAreThereAtOnce()
     m_window->model->detail()->addItems({QStringLiteral("file:///e")});
     QTRY_VERIFY(cell("e"));
     QVERIFY(isAtRest("e"));
-    swapFirstTwo(); // from now on they are as the others
+    QTest::qWait(1); // from now on it is as the others
+    swapFirstTwo();
     m_window->model->detail()->removeItem(uuidText(m_full.items.first().id));
     QVERIFY(!isAtRest("e"));
     QTRY_VERIFY(isAtRest("e"));
