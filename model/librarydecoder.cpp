@@ -7,6 +7,7 @@
 #include "model/uuidtext.h"
 
 #include <array>
+#include <iterator>
 
 namespace {
 
@@ -25,6 +26,7 @@ public:
 private:
     void readFolders();
     DockFolder readFolder();
+    QList<DockFolderItem> readItems();
     DockFolderItem readItem();
 
     // An object whose member number i, as `keys` counts them, is read by `readMember(i)`. Those
@@ -43,6 +45,7 @@ private:
     const QByteArray &m_utf8;
     JSONReader m_reader;
     FolderReceiver &m_receiver;
+    QList<DockFolderItem> m_items; ///< of the folder being read, then room for the next one's
 };
 
 template <typename Value> Value required(std::optional<Value> value)
@@ -130,7 +133,7 @@ DockFolder LibraryDecoder::readFolder()
             folder.name = m_reader.readString();
             break;
         case FolderKey::items:
-            m_reader.readArray([&] { folder.items.append(readItem()); });
+            folder.items = readItems();
             break;
         case FolderKey::accentColorHex:
             folder.accentColorHex = readOptional(readText);
@@ -146,6 +149,14 @@ DockFolder LibraryDecoder::readFolder()
         }
     });
     return folder;
+}
+
+// Copied together, so that each list is as large as it has to be: there are many.
+QList<DockFolderItem> LibraryDecoder::readItems()
+{
+    m_items.clear();
+    m_reader.readArray([this] { m_items.append(readItem()); });
+    return {std::move_iterator(m_items.begin()), std::move_iterator(m_items.end())};
 }
 
 DockFolderItem LibraryDecoder::readItem()
