@@ -2,6 +2,7 @@
 
 #include <QProcess>
 #include <QRegularExpression>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QThread>
 
@@ -31,7 +32,11 @@ private Q_SLOTS:
 
 void StoreMainThreadTest::useOffTheMainThreadIsFatalAndNamesTheLine()
 {
+    const QTemporaryDir temporary; // it ends too suddenly to remove its own
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("TMPDIR"), temporary.path());
     QProcess misuse;
+    misuse.setProcessEnvironment(environment);
     misuse.start(QCoreApplication::applicationFilePath(), {misuseArgument});
     QVERIFY(misuse.waitForFinished());
     QCOMPARE(misuse.exitStatus(), QProcess::CrashExit);
