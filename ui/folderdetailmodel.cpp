@@ -1,9 +1,9 @@
 #include "ui/folderdetailmodel.h"
 
+#include "model/folderpreview.h"
 #include "model/uuidtext.h"
 #include "platform/qt/qtclock.h"
 #include "store/companionstore.h"
-#include "ui/folderpreview.h"
 #include "ui/picturestore.h"
 #include "ui/urltexts.h"
 

@@ -1,8 +1,8 @@
 #include "ui/folderlistmodel.h"
 
+#include "model/folderpreview.h"
 #include "model/uuidtext.h"
 #include "store/companionstore.h"
-#include "ui/folderpreview.h"
 #include "ui/picturestore.h"
 
 FolderListModel::FolderListModel(CompanionStore &store, PictureStore &pictures, QObject *parent)

@@ -5,16 +5,15 @@
 #include "sandbox/drawing/glyphs.h"
 
 #include "model/accentcolor.h"
+#include "model/folderpreview.h"
 
 #include <QPainter>
 #include <QPainterPath>
 
-#include <algorithm>
 #include <cmath>
 
 namespace {
 
-constexpr qsizetype mostItems = 9;
 const QColor defaultAccent(0x4f83d3);
 
 QRectF innerSquare(int side, qreal part)
@@ -51,19 +50,30 @@ void drawSymbol(QPainter &painter, const QString &symbol, int side)
     painter.drawText(iconSquare(side), Qt::AlignCenter, symbol.left(1).toUpper());
 }
 
-void drawGrid(QPainter &painter, const QList<DockFolderItem> &items, int side)
+// An empty cell is as large as the icon of an application is within its own.
+void drawEmptyCell(QPainter &painter, const QRectF &cell)
 {
-    const qsizetype count = std::min(items.size(), mostItems);
-    const int columns = count <= 4 ? 2 : 3;
+    const qreal inset = cell.width() / 10;
+    const QRectF square = cell.adjusted(inset, inset, -inset, -inset);
+    QPainterPath shape;
+    shape.addRoundedRect(square, square.width() * 0.22, square.width() * 0.22);
+    painter.fillPath(shape, QColor(255, 255, 255, 38));
+}
+
+void drawGrid(QPainter &painter, const DockFolder &folder, int side)
+{
+    const int columns = previewColumns(folder);
+    const QStringList urls = previewURLs(folder);
     const QRectF place = innerSquare(side, 0.8);
-    const qreal cell = place.width() / columns;
-    for (qsizetype i = 0; i < count; ++i) {
-        const qsizetype row = i / columns;
-        const QPointF corner(static_cast<qreal>(i % columns) * cell,
-                             static_cast<qreal>(row) * cell);
-        const QRectF target(place.topLeft() + corner, QSizeF(cell, cell));
-        const int iconSide = static_cast<int>(std::lround(cell));
-        painter.drawImage(target, fileIcon(items.at(i).url.path(), iconSide));
+    const QSizeF cell = place.size() / columns;
+    const int iconSide = static_cast<int>(std::lround(cell.width()));
+    for (int i = 0; i < columns * columns; ++i) {
+        const QPointF corner(i % columns * cell.width(), i / columns * cell.height());
+        const QRectF target(place.topLeft() + corner, cell);
+        if (i < urls.size())
+            painter.drawImage(target, fileIcon(FileURL::fromValidText(urls[i]).path(), iconSide));
+        else
+            drawEmptyCell(painter, target);
     }
 }
 
@@ -84,6 +94,6 @@ QImage drawFolderTile(const DockFolder &folder, int side)
     else if (folder.items.isEmpty())
         drawSymbol(painter, QStringLiteral("folder.fill"), side);
     else
-        drawGrid(painter, folder.items, side);
+        drawGrid(painter, folder, side);
     return image;
 }

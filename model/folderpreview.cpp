@@ -1,4 +1,4 @@
-#include "ui/folderpreview.h"
+#include "model/folderpreview.h"
 
 #include "model/accentcolor.h"
 

@@ -1,6 +1,4 @@
-#include "ui/folderpreview.h"
-
-#include "tests/store/storefixture.h"
+#include "model/folderpreview.h"
 
 #include <QTest>
 
@@ -22,12 +20,20 @@ private Q_SLOTS:
 
 namespace {
 
+DockFolder folderOf(const QStringList &urls)
+{
+    DockFolder folder;
+    for (const QString &url : urls)
+        folder.items.append({.url = FileURL::fromValidText(url)});
+    return folder;
+}
+
 DockFolder folderOfItems(int count)
 {
     QStringList urls;
     for (int number = 0; number < count; ++number)
         urls.append(QStringLiteral("file:///item%1").arg(number));
-    return folderNamed(QStringLiteral("F"), urls);
+    return folderOf(urls);
 }
 
 } // namespace
@@ -51,7 +57,7 @@ void FolderPreviewTest::readsColoursLeniently_data()
 void FolderPreviewTest::readsColoursLeniently()
 {
     QFETCH(QString, stored);
-    DockFolder folder = folderNamed(QStringLiteral("F"));
+    DockFolder folder;
     QCOMPARE(previewColor(folder), QString());
     folder.accentColorHex = stored;
     QTEST(previewColor(folder), "expected");
@@ -115,11 +121,11 @@ void FolderPreviewTest::showsNoMoreItemsThanThereAreCells()
 void FolderPreviewTest::keepsTheTextsAndOrderOfTheItems()
 {
     const QStringList urls{QStringLiteral("file:///b%20c/"), QStringLiteral("file:///a")};
-    DockFolder folder = folderNamed(QStringLiteral("F"), urls);
+    DockFolder folder = folderOf(urls);
     QCOMPARE(previewURLs(folder), urls);
     folder.gridColumns = 1;
     QCOMPARE(previewURLs(folder), urls.first(1));
 }
 
-QTEST_GUILESS_MAIN(FolderPreviewTest)
+QTEST_APPLESS_MAIN(FolderPreviewTest)
 #include "tst_folderpreview.moc"
