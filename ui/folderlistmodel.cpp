@@ -29,10 +29,13 @@ void FolderListModel::update()
     const int formerFirst = firstMovableRow();
     QList<FolderRow> rows;
     rows.reserve(m_store.folders().size() + 1);
-    if (m_store.isNestletInstalled())
+    m_hasAppStoreRow = m_store.isNestletInstalled();
+    if (m_hasAppStoreRow)
         rows.append(rowFor({.id = appStoreFolderID(), .name = tr("Nestlet")}, true));
-    for (const DockFolder &folder : m_store.folders())
-        rows.append(rowFor(folder, m_store.isLocked(folder.id)));
+    for (const DockFolder &folder : m_store.folders()) {
+        if (!m_hasAppStoreRow || folder.id != appStoreFolderID())
+            rows.append(rowFor(folder, m_store.isLocked(folder.id)));
+    }
     m_pictures.keepOnly(m_store.folders());
     const bool isReordered
         = !std::ranges::equal(this->rows(), rows, {}, &FolderRow::id, &FolderRow::id);
@@ -115,15 +118,24 @@ int FolderListModel::rowStartingWith(const QString &text, int row) const
 
 int FolderListModel::firstMovableRow() const
 {
-    return !rows().isEmpty() && rows().first().id == appStoreFolderID() ? 1 : 0;
+    return m_hasAppStoreRow ? 1 : 0;
 }
 
 void FolderListModel::moveFolder(const QString &folderID, int row)
 {
-    const int source = rowOf(folderID) - firstMovableRow();
-    if (source < 0)
+    const int sourceRow = rowOf(folderID);
+    if (sourceRow < firstMovableRow())
         return;
-    const int target = std::clamp(row - firstMovableRow(), 0, rowCount() - firstMovableRow() - 1);
+    const int targetRow = std::clamp(row, firstMovableRow(), rowCount() - 1);
+    const qsizetype source = libraryPlace(rows().at(sourceRow).id);
+    const qsizetype target = libraryPlace(rows().at(targetRow).id);
     if (source != target)
         m_store.moveFolders({source}, target > source ? target + 1 : target);
+}
+
+// A library may hold folders that have no row here.
+qsizetype FolderListModel::libraryPlace(const QUuid &id) const
+{
+    const QList<DockFolder> &folders = m_store.folders();
+    return std::ranges::find(folders, id, &DockFolder::id) - folders.begin();
 }

@@ -18,7 +18,7 @@ struct FolderRow {
 };
 
 /// The rows of the sidebar: the App Store folder while Nestlet is there, then the library's
-/// folders.
+/// folders, but for the App Store folder should one hold it.
 class FolderListModel final : public RowListModel<FolderRow> {
     Q_OBJECT
     QML_ELEMENT
@@ -66,6 +66,10 @@ private:
     void update();
     [[nodiscard]] FolderRow rowFor(const DockFolder &folder, bool isLocked) const;
     [[nodiscard]] static QString status(const FolderRow &row);
+    /// Of one that is there.
+    [[nodiscard]] qsizetype libraryPlace(const QUuid &id) const;
+
     CompanionStore &m_store;
     PictureStore &m_pictures;
+    bool m_hasAppStoreRow = false;
 };

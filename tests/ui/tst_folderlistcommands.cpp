@@ -24,6 +24,8 @@ private Q_SLOTS:
     void theAppStoreFolderStaysFirst();
     void whatIsNotThereDoesNotMove();
     void theFirstMovableRowFollowsNestlet();
+    void anAppStoreFolderOfTheLibraryIsShownOnce();
+    void anAppStoreFolderOfTheLibraryMovesAsOthersWithoutNestlet();
     void findsTheNextNameThatBeginsSo_data();
     void findsTheNextNameThatBeginsSo();
     void everyNameBeginsWithNothing();
@@ -137,6 +139,32 @@ void FolderListCommandsTest::theFirstMovableRowFollowsNestlet()
     m_fixture->store->refreshPresence();
     QCOMPARE(m_model->firstMovableRow(), 0);
     QCOMPARE(changed.count(), 2);
+}
+
+// No program is to write it there, but one could.
+void FolderListCommandsTest::anAppStoreFolderOfTheLibraryIsShownOnce()
+{
+    showNestlet();
+    const DockFolder own{.id = appStoreFolderID(), .name = QStringLiteral("Own")};
+    m_fixture->changeFromOutside({m_a, own, m_b, m_c});
+    QCOMPARE(names().join(u' '), QStringLiteral("Nestlet Apples bananas Bread"));
+    QCOMPARE(m_model->firstMovableRow(), 1);
+    m_model->moveFolder(uuidText(m_c.id), 1);
+    QCOMPARE(names().join(u' '), QStringLiteral("Nestlet Bread Apples bananas"));
+    m_model->moveFolder(uuidText(m_a.id), 3);
+    QCOMPARE(names().join(u' '), QStringLiteral("Nestlet Bread bananas Apples"));
+    QCOMPARE(m_fixture->savedLibrary()->folders.size(), 4);
+}
+
+void FolderListCommandsTest::anAppStoreFolderOfTheLibraryMovesAsOthersWithoutNestlet()
+{
+    const DockFolder own{.id = appStoreFolderID(), .name = QStringLiteral("Own")};
+    m_fixture->changeFromOutside({own, m_a, m_b});
+    QCOMPARE(m_model->firstMovableRow(), 0);
+    m_model->moveFolder(uuidText(m_a.id), 2);
+    QCOMPARE(names().join(u' '), QStringLiteral("Own bananas Apples"));
+    m_model->moveFolder(uuidText(m_a.id), 0);
+    QCOMPARE(names().join(u' '), QStringLiteral("Apples Own bananas"));
 }
 
 void FolderListCommandsTest::findsTheNextNameThatBeginsSo_data()
