@@ -39,9 +39,6 @@ FocusScope {
         const cell = grid.itemAt(place.x, place.y) as AppPickerCell;
         return cell && cell.covers(root.mapToItem(cell, position)) ? grid.indexAt(place.x, place.y) : -1;
     }
-    function typesText(event: KeyEvent): bool {
-        return event.text !== "" && event.text >= " " && event.text !== "\u007f" && !(event.modifiers & (Qt.ControlModifier | Qt.AltModifier | Qt.MetaModifier));
-    }
 
     activeFocusOnTab: grid.count > 0
     clip: true
@@ -107,7 +104,7 @@ FocusScope {
                 root.exited();
             else if (target >= 0)
                 grid.currentIndex = target;
-            else if (root.typesText(event))
+            else if (TypedText.isTyped(event.text, event.modifiers))
                 root.typed(event.text);
             else
                 return;

@@ -1,4 +1,5 @@
 import QtQuick
+import Nestlet.Companion
 
 /// Leads to a row of a list by the first letters of its name. Letters typed within a second belong
 /// together; the same one again goes on to the next match.
@@ -16,8 +17,8 @@ QtObject {
 
     /// False: the key is no letter of a name.
     function take(event: var, currentRow: int): bool {
-        const isBlank = event.text.trim() === "" && !(event.text === " " && root.typedText !== "");
-        if (isBlank || event.modifiers & (Qt.ControlModifier | Qt.AltModifier | Qt.MetaModifier))
+        const isFirstBlank = event.text.trim() === "" && root.typedText === ""; // it acts
+        if (isFirstBlank || !TypedText.isTyped(event.text, event.modifiers))
             return false;
         const goesOn = event.text === root.typedText;
         root.typedText = goesOn ? event.text : root.typedText + event.text;

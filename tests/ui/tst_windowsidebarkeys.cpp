@@ -19,6 +19,7 @@ private Q_SLOTS:
     void lettersAfterAPauseBeginAnew();
     void lettersThatNothingBeginsWithKeepTheSelection();
     void shortcutsAreNoLetters();
+    void keysThatTypeNothingSeenAreNoLetters();
     void theRingFollowsTheKeyboardOnly();
     void theListIsFocusedFirst();
     void withoutASelectionTheFirstRowHasTheRing();
@@ -187,6 +188,19 @@ void WindowSidebarKeysTest::lettersThatNothingBeginsWithKeepTheSelection()
     m_window->type(QStringLiteral("b"));
     m_window->type(QStringLiteral("x"));
     QCOMPARE(selected(), m_b.name);
+}
+
+void WindowSidebarKeysTest::keysThatTypeNothingSeenAreNoLetters()
+{
+    for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_Backspace, Qt::Key_Delete}) {
+        press(Qt::Key_Home);
+        press(key);
+        m_window->type(QStringLiteral("b"));
+        QCOMPARE(selected(), m_b.name);
+        const QObject *const typeAhead
+            = m_window->window->findChild<QObject *>(QStringLiteral("typeAhead"));
+        QTRY_COMPARE(typeAhead->property("typedText").toString(), QString());
+    }
 }
 
 void WindowSidebarKeysTest::shortcutsAreNoLetters()
