@@ -100,9 +100,12 @@ int main(int argc, char *argv[])
 
     companion.store.start();
     QObject::connect(&application, &QGuiApplication::applicationStateChanged, &companion.store,
-                     [&](Qt::ApplicationState state) {
-                         if (state == Qt::ApplicationActive)
-                             companion.store.applicationBecameActive();
+                     [&, wasActive = false](Qt::ApplicationState state) mutable {
+                         if (state != Qt::ApplicationActive)
+                             return;
+                         companion.store.applicationBecameActive();
+                         if (std::exchange(wasActive, true)) // apps may have been updated
+                             refreshIcons(engine);
                      });
     CompanionViewModel viewModel(companion.store, pictures, [&] {
         return scanInstalledApplications(*platform.files, *platform.directories);

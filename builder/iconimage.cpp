@@ -31,6 +31,11 @@ QImage stretched(const QImage &image, int side)
 
 } // namespace
 
+void allowLargePictures()
+{
+    QImageReader::setAllocationLimit(allocationLimitMegabytes);
+}
+
 std::optional<QByteArray> encodeIconImage(const QImage &image, int side)
 {
     if (image.isNull() || side <= 0)
@@ -46,7 +51,6 @@ std::optional<QByteArray> iconImageFromFile(const QString &path)
 {
     if (!QFileInfo(path).isFile()) // one could wait for ever at a pipe
         return std::nullopt;
-    QImageReader::setAllocationLimit(allocationLimitMegabytes);
     QImageReader reader(path);
     reader.setDecideFormatFromContent(true);
     reader.setAutoTransform(true); // upright, as the camera was held

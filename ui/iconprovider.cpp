@@ -38,6 +38,12 @@ PictureRequest IconProvider::gridRequest(const IconGrid &grid)
     return {.key = grid.key(), .make = [this, grid] { return gridPicture(grid); }};
 }
 
+void IconProvider::refresh()
+{
+    m_loader.cache().clear();
+    Q_EMIT refreshed();
+}
+
 QImage IconProvider::icon(const QString &url, int side) const
 {
     const std::optional<FileURL> file = FileURL::fromText(url);

@@ -23,6 +23,13 @@ public:
     /// A mini grid of icons as one picture.
     [[nodiscard]] PictureRequest gridRequest(const IconGrid &grid);
 
+    /// Forgets all pictures: the files may have other icons now. What is in view is made anew and
+    /// stays until that is done.
+    void refresh();
+
+Q_SIGNALS:
+    void refreshed();
+
 private:
     [[nodiscard]] QImage icon(const QString &url, int side) const;
     [[nodiscard]] QImage gridPicture(const IconGrid &grid);

@@ -1,5 +1,6 @@
 #include "ui/imageproviders.h"
 
+#include "builder/iconimage.h"
 #include "ui/iconprovider.h"
 #include "ui/pictureprovider.h"
 
@@ -14,6 +15,13 @@ void addWindowTypes(QQmlEngine &engine)
 
 void addImageProviders(QQmlEngine &engine, const Workspace &workspace, const PictureStore &pictures)
 {
+    allowLargePictures(); // while no thread reads any
     new IconProvider(workspace, &engine);
     new PictureProvider(pictures, &engine);
+}
+
+void refreshIcons(const QQmlEngine &engine)
+{
+    if (auto *const icons = imageProvider<IconProvider>(&engine))
+        icons->refresh();
 }

@@ -13,6 +13,9 @@ void addWindowTypes(QQmlEngine &engine);
 void addImageProviders(QQmlEngine &engine, const Workspace &workspace,
                        const PictureStore &pictures);
 
+/// To be called when files may have other icons than before.
+void refreshIcons(const QQmlEngine &engine);
+
 /// The provider of an engine; null when it has none, or there is no engine.
 template <typename Provider> [[nodiscard]] Provider *imageProvider(const QQmlEngine *engine)
 {

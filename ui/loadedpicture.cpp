@@ -48,36 +48,48 @@ void LoadedPicture::updatePolish()
     const QSize area = (size() * pixelRatio()).toSize();
     auto *const icons
         = isVisible() && !area.isEmpty() ? imageProvider<IconProvider>(qmlEngine(this)) : nullptr;
+    if (icons != nullptr && icons != m_icons) {
+        m_icons = icons;
+        connect(icons, &IconProvider::refreshed, this, &LoadedPicture::changed);
+    }
     const PictureRequest wanted = icons != nullptr ? request(*icons, area) : PictureRequest();
     if (m_isWaiting && wanted.key == m_key)
         return;
     stopWaiting();
-    if (std::exchange(m_key, wanted.key) != wanted.key)
+    const bool isAnother = std::exchange(m_key, wanted.key) != wanted.key;
+    if (isAnother)
         setBroken(false);
     if (m_key.isEmpty()) {
         show(isVisible() && !area.isEmpty() ? placeholder(m_picture, area) : m_picture, false);
         return;
     }
-    m_loader = &icons->loader();
-    if (const std::optional<QImage> known = m_loader->cache().find(m_key)) {
-        receivePicture(*known);
+    PictureLoader &loader = icons->loader();
+    if (const std::optional<QImage> known = loader.cache().find(m_key)) {
+        take(*known);
         return;
     }
-    show(placeholder(m_picture, area), false);
+    if (isAnother || !m_isLoaded)
+        show(placeholder(m_picture, area), false);
     m_isWaiting = true;
-    m_loader->load(wanted, *this);
+    loader.load(wanted, *this);
 }
 
 void LoadedPicture::stopWaiting()
 {
-    if (m_isWaiting && m_loader)
-        m_loader->withdraw(m_key, *this);
+    if (m_isWaiting && m_icons)
+        m_icons->loader().withdraw(m_key, *this);
     m_isWaiting = false;
 }
 
 void LoadedPicture::receivePicture(const QImage &picture)
 {
     m_isWaiting = false;
+    if (!m_isLoaded || picture != m_picture) // made anew, it is mostly the same
+        take(picture);
+}
+
+void LoadedPicture::take(const QImage &picture)
+{
     const QSize area = (size() * pixelRatio()).toSize();
     if (picture.isNull())
         show(placeholder(m_picture, area), false);

@@ -51,11 +51,12 @@ protected:
 
 private:
     void receivePicture(const QImage &picture) override;
+    void take(const QImage &picture);
     void show(const QImage &picture, bool isLoaded);
     void setBroken(bool isBroken);
     void stopWaiting();
 
-    QPointer<PictureLoader> m_loader;
+    QPointer<IconProvider> m_icons;
     QString m_key; ///< of what is shown or waited for
     bool m_isWaiting = false;
     bool m_isLoaded = false;

@@ -18,6 +18,12 @@ QImage PictureCache::findOrMake(const PictureRequest &request)
     return picture;
 }
 
+void PictureCache::clear()
+{
+    const QMutexLocker lock(&m_mutex);
+    m_pictures.clear();
+}
+
 void PictureCache::insert(const QString &key, const QImage &picture)
 {
     constexpr qsizetype bytesOfAnEntry = 200; // about, besides the pixels

@@ -28,6 +28,7 @@ public:
     /// Made now, on this thread, unless it is here.
     [[nodiscard]] QImage findOrMake(const PictureRequest &request);
     void insert(const QString &key, const QImage &picture);
+    void clear();
 
 private:
     mutable QMutex m_mutex; ///< of what follows

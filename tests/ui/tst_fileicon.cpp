@@ -3,6 +3,7 @@
 #include "tests/pictures.h"
 #include "ui/icongrid.h"
 #include "ui/imageproviders.h"
+#include "ui/itemicongrid.h"
 #include "ui/loadedpicture.h"
 #include "ui/picturestore.h"
 
@@ -24,6 +25,7 @@ struct SlowWorkspace final : Workspace {
     mutable QSemaphore pace{};
     mutable std::atomic<int> made{};
     mutable std::atomic<int> lastSide{};
+    std::atomic<Qt::GlobalColor> onlyColor{Qt::color0}; ///< color0: as the file is called
 
     [[nodiscard]] std::optional<FileURL>
     applicationWithBundleIdentifier(const QString &) const override
@@ -39,7 +41,8 @@ struct SlowWorkspace final : Workspace {
         ++made;
         lastSide = side;
         QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
-        image.fill(QColor(url.displayName()));
+        const Qt::GlobalColor color = onlyColor;
+        image.fill(color == Qt::color0 ? QColor(url.displayName()) : QColor(color));
         return url.pathExtension() == u"none" ? QImage() : image;
     }
 };
@@ -64,6 +67,8 @@ private Q_SLOTS:
     void theIconFillsItsSquareAtTheScreensPixels();
     void aRememberedIconShowsAtOnce();
     void anotherFileNeverShowsTheFormerIcon();
+    void aRefreshedIconStaysInViewUntilItsSuccessorComes();
+    void aRefreshedGridThatIsTheSameIsNotReplaced();
     void noURLShowsThePlaceholder();
     void anIconThatCannotBeMadeLeavesThePlaceholder();
     void hiddenIconsAreNotLoaded();
@@ -107,6 +112,7 @@ void FileIconTest::init()
     m_window->resize(200, 200);
     m_window->show();
     m_workspace.made = 0;
+    m_workspace.onlyColor = Qt::color0;
     QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
 }
 
@@ -191,6 +197,41 @@ void FileIconTest::anotherFileNeverShowsTheFormerIcon()
     icon->ensurePolished();
     QVERIFY(icon->isLoaded());
     QCOMPARE(colorAt(28, 28), QColor(Qt::red));
+}
+
+void FileIconTest::aRefreshedIconStaysInViewUntilItsSuccessorComes()
+{
+    m_workspace.pace.release();
+    auto *const icon = create(R"(FileIcon { url: "file:///icons/red.app"; size: 56 })");
+    QTRY_VERIFY(icon->isLoaded());
+    m_workspace.onlyColor = Qt::blue; // as if the app had been updated
+    refreshIcons(*m_engine);
+    icon->ensurePolished();
+    QCOMPARE(colorAt(28, 28), QColor(Qt::red));
+    QVERIFY(icon->isLoaded());
+    m_workspace.pace.release();
+    QTRY_COMPARE(colorAt(28, 28), QColor(Qt::blue));
+    QVERIFY(icon->isLoaded());
+    QCOMPARE(m_workspace.made.load(), 2);
+}
+
+void FileIconTest::aRefreshedGridThatIsTheSameIsNotReplaced()
+{
+    m_workspace.pace.release(100);
+    auto *const grid = create(R"(ItemIconGrid {
+        width: 30; height: 30; rows: 1; columns: 1; folderID: "A"; urls: ["file:///icons/red.app"]
+    })");
+    QTRY_VERIFY(grid->isLoaded());
+    int replaced = 0; // what is replaced fades
+    connect(static_cast<ItemIconGrid *>(grid), &ItemIconGrid::replaced, this, [&] { ++replaced; });
+    refreshIcons(*m_engine);
+    QTRY_COMPARE(m_workspace.made.load(), 2);
+    QTest::qWait(20);
+    QCOMPARE(replaced, 0);
+    m_workspace.onlyColor = Qt::blue;
+    refreshIcons(*m_engine);
+    QTRY_COMPARE(replaced, 1);
+    QCOMPARE(colorAt(15, 15), QColor(Qt::blue));
 }
 
 void FileIconTest::noURLShowsThePlaceholder()
