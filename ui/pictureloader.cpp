@@ -51,6 +51,8 @@ void PictureLoader::enqueue(const PictureRequest &request)
 
 void PictureLoader::withdraw(const QString &key, PictureReceiver &receiver)
 {
+    if (key == m_servedKey)
+        m_served.removeOne(&receiver);
     const auto found = m_receivers.find(key);
     if (found == m_receivers.end())
         return;
@@ -87,7 +89,10 @@ void PictureLoader::deliver()
         results.swap(m_results);
     }
     for (const Result &result : results) {
-        for (PictureReceiver *receiver : m_receivers.take(result.key))
-            receiver->receivePicture(result.picture);
+        m_servedKey = result.key;
+        m_served = m_receivers.take(result.key);
+        while (!m_served.isEmpty())
+            m_served.takeFirst()->receivePicture(result.picture);
     }
+    m_servedKey.clear();
 }

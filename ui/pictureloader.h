@@ -50,6 +50,8 @@ private:
     void deliver();
 
     QHash<QString, QList<PictureReceiver *>> m_receivers; ///< of what is queued, made or to deliver
+    QString m_servedKey; ///< the picture that `m_served` are being told of
+    QList<PictureReceiver *> m_served; ///< one that is told may make another withdraw
     PictureCache m_cache;
     QMutex m_mutex; ///< of what follows
     std::deque<PictureRequest> m_queue;

@@ -48,6 +48,7 @@ private Q_SLOTS:
     void whatHasBegunIsRemembered();
     void whatIsWantedAgainComes();
     void aReceiverCanAskAnew();
+    void whoIsToldCanMakeAnotherGoAway();
     void deliversInTheOrderOfTheRequests();
     void dropsTheRestWhenItGoes();
 
@@ -283,6 +284,27 @@ void PictureLoaderTest::aReceiverCanAskAnew()
     asking.next = request(QStringLiteral("a"));
     m_loader->load(asking.next, asking);
     QTRY_COMPARE(asking.count, 2);
+}
+
+void PictureLoaderTest::whoIsToldCanMakeAnotherGoAway()
+{
+    struct Remover final : PictureReceiver {
+        std::function<void()> remove{};
+        void receivePicture(const QImage &) override { remove(); }
+    };
+    const QString key = QStringLiteral("a");
+    auto second = std::make_unique<Receiver>();
+    Receiver third;
+    Remover first;
+    first.remove = [&] {
+        m_loader->withdraw(key, *second);
+        second.reset();
+    };
+    m_loader->load(request(key), first);
+    m_loader->load(request(key), *second);
+    m_loader->load(request(key), third);
+    QTRY_COMPARE(third.pictures.size(), 1);
+    QVERIFY(!second);
 }
 
 void PictureLoaderTest::deliversInTheOrderOfTheRequests()
