@@ -11,6 +11,11 @@ constexpr qint64 mostColumns = 4; // more could not be told apart at the size of
 
 } // namespace
 
+bool hasPicture(const DockFolder &folder)
+{
+    return folder.customIconData && !folder.customIconData->isEmpty();
+}
+
 QString previewColor(const DockFolder &folder)
 {
     return plainHexText(folder.accentColorHex.value_or(QString()));

@@ -4,6 +4,9 @@
 
 #include <QStringList>
 
+/// Whether a picture was chosen for a folder's icon, which may turn out to be none.
+[[nodiscard]] bool hasPicture(const DockFolder &folder);
+
 /// The colour that a folder's icon is drawn in, "#RRGGBB"; empty when none was chosen or it can't
 /// be read.
 [[nodiscard]] QString previewColor(const DockFolder &folder);

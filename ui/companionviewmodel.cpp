@@ -28,40 +28,45 @@ CompanionViewModel::CompanionViewModel(CompanionStore &store, PictureStore &pict
 
 QString CompanionViewModel::selection() const
 {
-    return m_selection.isNull() ? QString() : uuidText(m_selection);
+    return m_selection ? uuidText(*m_selection) : QString();
 }
 
 void CompanionViewModel::setSelection(const QString &folderID)
 {
-    select(uuidFromText(folderID).value_or(QUuid()));
+    select(uuidFromText(folderID));
     m_store.noticeNestlet(); // without, a strip says so
 }
 
-void CompanionViewModel::select(const QUuid &id)
+void CompanionViewModel::select(const std::optional<QUuid> &id)
 {
     if (m_selection == id)
         return;
     m_selection = id;
-    m_detail.setFolder(id == appStoreFolderID() ? QUuid() : id);
+    m_detail.setFolder(id == appStoreFolderID() ? std::nullopt : id);
     Q_EMIT selectionChanged();
 }
 
 void CompanionViewModel::keepSelectionValid()
 {
-    if (m_selection != appStoreFolderID() && !m_store.folder(m_selection))
+    if (m_selection != appStoreFolderID() && !selectedFolder())
         select(firstFolderID());
 }
 
-QUuid CompanionViewModel::firstFolderID() const
+std::optional<DockFolder> CompanionViewModel::selectedFolder() const
 {
-    return m_store.folders().isEmpty() ? QUuid() : m_store.folders().first().id;
+    return m_selection ? m_store.folder(*m_selection) : std::nullopt;
+}
+
+std::optional<QUuid> CompanionViewModel::firstFolderID() const
+{
+    return m_store.folders().isEmpty() ? std::nullopt : std::optional(m_store.folders().first().id);
 }
 
 CompanionViewModel::DetailKind CompanionViewModel::detailKind() const
 {
     if (m_selection == appStoreFolderID())
         return DetailKind::AppStoreFolder;
-    return m_store.folder(m_selection) ? DetailKind::Folder : DetailKind::Placeholder;
+    return selectedFolder() ? DetailKind::Folder : DetailKind::Placeholder;
 }
 
 bool CompanionViewModel::isNestletInstalled() const

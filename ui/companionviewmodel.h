@@ -78,17 +78,18 @@ Q_SIGNALS:
     void folderCreated(const QString &folderID);
 
 private:
-    void select(const QUuid &id);
+    void select(const std::optional<QUuid> &id);
     void keepSelectionValid();
     void announceInstalling();
     void announceInstallingAll();
     void announceInstalled(const QUuid &id);
-    [[nodiscard]] QUuid firstFolderID() const;
+    [[nodiscard]] std::optional<DockFolder> selectedFolder() const;
+    [[nodiscard]] std::optional<QUuid> firstFolderID() const;
 
     CompanionStore &m_store;
     FolderListModel m_folders;
     FolderDetailModel m_detail;
     ApplicationScan m_applicationScan;
-    QUuid m_selection;
+    std::optional<QUuid> m_selection; ///< a damaged library may hold the null id
     QSet<QUuid> m_installingFolderIDs; ///< when last looked
 };

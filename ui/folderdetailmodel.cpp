@@ -34,19 +34,20 @@ FolderDetailModel::~FolderDetailModel()
     m_colorChanges.flush();
 }
 
-void FolderDetailModel::setFolder(const QUuid &id)
+void FolderDetailModel::setFolder(const std::optional<QUuid> &id)
 {
-    if (m_folder.id == id)
+    if (m_id == id)
         return;
     m_colorChanges.flush();
-    m_folder = {.id = id};
+    m_id = id;
     update();
     Q_EMIT folderIDChanged();
 }
 
 void FolderDetailModel::update()
 {
-    m_folder = m_store.folder(m_folder.id).value_or(DockFolder{.id = m_folder.id});
+    const DockFolder none{.id = m_id.value_or(QUuid())};
+    m_folder = m_id ? m_store.folder(*m_id).value_or(none) : none;
     if (m_colorChanges.isWaiting())
         m_folder.accentColorHex = m_chosenColor;
     m_items.setItems(m_folder.items);
@@ -55,7 +56,7 @@ void FolderDetailModel::update()
 
 QString FolderDetailModel::folderID() const
 {
-    return m_folder.id.isNull() ? QString() : uuidText(m_folder.id);
+    return m_id ? uuidText(*m_id) : QString();
 }
 
 bool FolderDetailModel::isLocked() const
@@ -91,6 +92,11 @@ QString FolderDetailModel::iconSymbol() const
     return m_folder.iconSymbol.value_or(QString());
 }
 
+bool FolderDetailModel::hasCustomIcon() const
+{
+    return hasPicture(m_folder);
+}
+
 QString FolderDetailModel::pictureSource() const
 {
     return m_pictures.pictureSource(m_folder);
@@ -98,7 +104,10 @@ QString FolderDetailModel::pictureSource() const
 
 int FolderDetailModel::gridColumns() const
 {
-    return static_cast<int>(m_folder.gridColumns.value_or(0));
+    if (!m_folder.gridColumns)
+        return 0;
+    const qint64 columns = *m_folder.gridColumns;
+    return columns > 0 && std::in_range<int>(columns) ? static_cast<int>(columns) : -1;
 }
 
 int FolderDetailModel::previewColumns() const

@@ -36,8 +36,8 @@ public:
     FolderDetailModel(CompanionStore &store, PictureStore &pictures, QObject *parent = nullptr);
     ~FolderDetailModel() override;
 
-    /// A null id, or one that is not in the library, shows nothing.
-    void setFolder(const QUuid &id);
+    /// None, or one that is not in the library, shows nothing.
+    void setFolder(const std::optional<QUuid> &id);
 
     [[nodiscard]] QString folderID() const;
     [[nodiscard]] QString name() const { return m_folder.name; }
@@ -52,10 +52,10 @@ public:
     [[nodiscard]] QString accentColorHex() const;
     /// Empty: none.
     [[nodiscard]] QString iconSymbol() const;
-    [[nodiscard]] bool hasCustomIcon() const { return m_folder.customIconData.has_value(); }
+    [[nodiscard]] bool hasCustomIcon() const;
     /// Of an image; empty: none.
     [[nodiscard]] QString pictureSource() const;
-    /// 0: automatic.
+    /// 0: automatic; -1: a number that is none of columns.
     [[nodiscard]] int gridColumns() const;
     [[nodiscard]] int previewColumns() const;
     [[nodiscard]] QStringList previewURLs() const;
@@ -90,7 +90,8 @@ private:
 
     CompanionStore &m_store;
     PictureStore &m_pictures;
-    DockFolder m_folder;
+    std::optional<QUuid> m_id;
+    DockFolder m_folder; ///< with that id, whether it is there or not
     ItemListModel m_items;
     IconImageLoader m_iconImages;
     std::optional<QString> m_chosenColor; ///< counts while a change waits

@@ -1,13 +1,13 @@
 #include "ui/picturestore.h"
 
-#include "model/dockfolder.h"
+#include "model/folderpreview.h"
 #include "model/uuidtext.h"
 
 #include <QSet>
 
 QString PictureStore::pictureSource(const DockFolder &folder)
 {
-    if (!folder.customIconData || folder.customIconData->isEmpty()) {
+    if (!hasPicture(folder)) {
         m_pictures.remove(folder.id);
         return {};
     }

@@ -21,6 +21,7 @@ private Q_SLOTS:
     void aSelectionNoticesThatNestletHasGone();
     void anotherChangeKeepsTheSelection();
     void theAppStoreFolderStaysSelected();
+    void aFolderWithTheNullIDIsOneAsOthers();
     void removingTheSelectedFolderSelectsTheFirst();
     void removingAnotherFolderKeepsTheSelection();
     void losingTheSelectedFolderFromOutsideSelectsTheFirst();
@@ -113,6 +114,24 @@ void CompanionViewModelTest::theAppStoreFolderStaysSelected()
     QCOMPARE(m_model->detail()->folderID(), QString());
     store().deleteFolder(m_a.id);
     QCOMPARE(m_model->selection(), uuidText(appStoreFolderID()));
+}
+
+// Of a damaged library.
+void CompanionViewModelTest::aFolderWithTheNullIDIsOneAsOthers()
+{
+    DockFolder odd = folderNamed(QStringLiteral("Odd"));
+    odd.id = QUuid();
+    StoreFixture fixture;
+    fixture.startWith({odd});
+    PictureStore pictures;
+    CompanionViewModel model(*fixture.store, pictures);
+    QCOMPARE(model.detailKind(), CompanionViewModel::DetailKind::Placeholder);
+    QCOMPARE(model.detail()->folderID(), QString());
+    QCOMPARE(model.detail()->name(), QString());
+    model.setSelection(uuidText(odd.id));
+    QCOMPARE(model.selection(), uuidText(odd.id));
+    QCOMPARE(model.detailKind(), CompanionViewModel::DetailKind::Folder);
+    QCOMPARE(model.detail()->name(), odd.name);
 }
 
 void CompanionViewModelTest::removingTheSelectedFolderSelectsTheFirst()

@@ -19,6 +19,9 @@ private Q_SLOTS:
     void choosesASymbolAndNone();
     void aSymbolReplacesThePicture();
     void choosesColumnsAndNone();
+    void columnsThatNobodyChoosesAreNotAutomatic_data();
+    void columnsThatNobodyChoosesAreNotAutomatic();
+    void anEmptyPictureIsNone();
     void thePreviewFollowsTheChoice();
     void commandsGoToTheFolderThatIsShown();
 
@@ -125,6 +128,30 @@ void FolderDetailCommandsTest::choosesColumnsAndNone()
     QCOMPARE(m_model->gridColumns(), 0);
     m_model->setGridColumns(-1);
     QCOMPARE(stored().gridColumns, std::nullopt);
+}
+
+void FolderDetailCommandsTest::columnsThatNobodyChoosesAreNotAutomatic_data()
+{
+    QTest::addColumn<qint64>("stored");
+    QTest::addColumn<int>("shown");
+    QTest::newRow("none at all") << qint64(0) << -1;
+    QTest::newRow("less than none") << qint64(-3) << -1;
+    QTest::newRow("not offered") << qint64(7) << 7;
+    QTest::newRow("two, cut to 32 bits") << (qint64(1) << 32) + 2 << -1;
+}
+
+void FolderDetailCommandsTest::columnsThatNobodyChoosesAreNotAutomatic()
+{
+    QFETCH(qint64, stored);
+    store().setGridColumns(m_folder.id, stored);
+    QTEST(m_model->gridColumns(), "shown");
+}
+
+void FolderDetailCommandsTest::anEmptyPictureIsNone()
+{
+    store().setCustomIcon(m_folder.id, QByteArray());
+    QVERIFY(!m_model->hasCustomIcon());
+    QCOMPARE(m_model->pictureSource(), QString());
 }
 
 void FolderDetailCommandsTest::thePreviewFollowsTheChoice()
