@@ -26,7 +26,6 @@ Item {
         return tile.contains(root.mapToItem(tile, position));
     }
 
-    enabled: !root.alreadyAdded
     Accessible.role: Accessible.CheckBox
     Accessible.name: root.name
     Accessible.description: root.alreadyAdded ? qsTr("Already added") : ""

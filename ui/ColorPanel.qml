@@ -28,7 +28,8 @@ T.Dialog {
     margins: Theme.rowInset
     modal: false
     focus: true
-    closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutsideParent
+    // Escape is a key of the content: a popup that closes by it holds back the window's shortcuts.
+    closePolicy: T.Popup.CloseOnPressOutsideParent
     onAboutToShow: root.isBelow = root.hasRoomBelow()
     onHexChanged: components.show(root.hex)
 
@@ -57,6 +58,12 @@ T.Dialog {
     }
 
     contentItem: Item { // qmllint disable deferred-property-id
+        Keys.onPressed: event => {
+            event.accepted = event.matches(StandardKey.Cancel);
+            if (event.accepted)
+                root.close();
+        }
+
         ColorComponents {
             id: components
             onEdited: hex => root.changed(hex)

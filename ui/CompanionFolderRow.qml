@@ -118,7 +118,6 @@ Item {
             y: Math.floor((root.height - nameText.height - 2 - captionText.height) / 2)
             width: root.textWidth
             text: root.name
-            maximumLineCount: 1
             font: Theme.headline
             color: root.isEmphasized ? Theme.accentText : Theme.primary
         }

@@ -5,7 +5,6 @@ import Nestlet.Companion
 CompanionText {
     id: root
 
-    maximumLineCount: 1 // names can have line breaks
     HelpTag.text: root.text
     HelpTag.isShown: hover.hovered && root.truncated && root.visible
 

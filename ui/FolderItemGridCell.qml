@@ -103,7 +103,6 @@ Item {
                 anchors.topMargin: 6
                 width: Math.min(implicitWidth, 88)
                 text: root.name
-                maximumLineCount: 1
                 font: Theme.subheadline
                 elide: Text.ElideMiddle
                 horizontalAlignment: Text.AlignHCenter

@@ -53,7 +53,6 @@ Item {
         anchors.rightMargin: Theme.selectionInset + 4
         anchors.verticalCenter: parent.verticalCenter
         text: root.name
-        maximumLineCount: 1
         font: Theme.headline
     }
 }

@@ -1,6 +1,6 @@
 import QtQuick
 
-/// The picture that is selected in an open panel, loaded behind the scenes.
+/// The picture that is selected in an open panel.
 Item {
     id: root
 
@@ -12,20 +12,14 @@ Item {
         height: parent.height
     }
 
-    Image {
+    FileIcon {
         id: picture
         anchors.top: parent.top
         anchors.topMargin: Theme.cardInset
         anchors.horizontalCenter: parent.horizontalCenter
-        width: parent.width - 2 * Theme.cardInset
-        height: width
-        source: root.url
-        sourceSize.width: 2 * width
-        sourceSize.height: 2 * height
-        fillMode: Image.PreserveAspectFit
-        asynchronous: true
-        cache: false
-        Accessible.ignored: true
+        size: parent.width - 2 * Theme.cardInset
+        visible: root.url !== ""
+        url: root.url
     }
 
     CompanionText {

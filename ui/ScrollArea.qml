@@ -42,7 +42,11 @@ Flickable {
 
     readonly property int line: 40
 
-    Keys.onPressed: event => event.accepted = event.modifiers === Qt.NoModifier && root.scrollByKey(event.key)
+    // A Mac's arrows belong to its keypad, as others' keys of a keypad do.
+    Keys.onPressed: event => {
+        const others = event.modifiers & (Qt.ShiftModifier | Qt.ControlModifier | Qt.AltModifier | Qt.MetaModifier);
+        event.accepted = !others && root.scrollByKey(event.key);
+    }
     clip: true
     contentWidth: width
     boundsBehavior: Flickable.StopAtBounds

@@ -22,6 +22,7 @@ private Q_SLOTS:
     void aLongErrorIsScrolledByKeys();
     void anErrorThatComesWhileTheLastOneFadesIsShown();
     void theMenusKnowOfEveryDialog();
+    void theColorPanelLeavesTheWindowItsShortcuts();
     void theWindowMayGoBeforeItsDialog_data();
     void theWindowMayGoBeforeItsDialog();
 
@@ -223,6 +224,20 @@ void WindowDialogsTest::theMenusKnowOfEveryDialog()
     QTRY_VERIFY(!hasDialog());
     m_window->click(m_window->named("addAppsButton"));
     QTRY_VERIFY(hasDialog());
+}
+
+void WindowDialogsTest::theColorPanelLeavesTheWindowItsShortcuts()
+{
+    const auto hue
+        = [this] { return m_window->control(QAccessible::Slider, QStringLiteral("Hue")); };
+    m_window->click(m_window->item(QAccessible::RadioButton, QStringLiteral("Custom Color…")));
+    QTRY_VERIFY(hue());
+    const qsizetype before = store().folders().size();
+    m_window->press(Qt::Key_N, Qt::ControlModifier);
+    QCOMPARE(store().folders().size(), before + 1);
+    QVERIFY(hue());
+    m_window->press(Qt::Key_Escape);
+    QTRY_VERIFY(!hue());
 }
 
 void WindowDialogsTest::theWindowMayGoBeforeItsDialog_data()

@@ -18,6 +18,7 @@ private Q_SLOTS:
     void aDraggedRowIsReordered();
     void theAppStoreFolderIsNotDragged();
     void anotherFolderIsShownFromItsTop();
+    void aKeypadScrolls();
     void theGridFollowsWhenItGetsShorter_data();
     void theGridFollowsWhenItGetsShorter();
     void theColorPanelStaysWithItsSwatch();
@@ -139,6 +140,19 @@ void WindowScrollingTest::anotherFolderIsShownFromItsTop()
     QQuickItem *const detail = m_window->named("detailScroll");
     detail->setProperty("contentY", 700.0);
     m_window->press(Qt::Key_Down);
+    QCOMPARE(position(detail), 0.0);
+}
+
+// On a Mac all arrows belong to it.
+void WindowScrollingTest::aKeypadScrolls()
+{
+    QQuickItem *const detail = m_window->named("detailScroll");
+    detail->forceActiveFocus();
+    m_window->press(Qt::Key_Down, Qt::KeypadModifier);
+    QCOMPARE(position(detail), 40.0);
+    m_window->press(Qt::Key_Down, Qt::ControlModifier | Qt::KeypadModifier);
+    QCOMPARE(position(detail), 40.0);
+    m_window->press(Qt::Key_Up, Qt::KeypadModifier);
     QCOMPARE(position(detail), 0.0);
 }
 
