@@ -119,7 +119,7 @@ void FolderRowDropDelegate::dropEntered(const DropInfo &) const
     setTargeted(true);
 }
 
-void FolderRowDropDelegate::dropExited(const DropInfo &) const
+void FolderRowDropDelegate::dropExited() const
 {
     setTargeted(false);
 }

@@ -54,7 +54,7 @@ struct FolderRowDropDelegate {
     [[nodiscard]] bool validateDrop(const DropInfo &info) const;
     bool performDrop(const DropInfo &info) const; ///< always true
     void dropEntered(const DropInfo &info) const;
-    void dropExited(const DropInfo &info) const;
+    void dropExited() const;
 };
 
 /// The drop handler of a folder's items as a whole.

@@ -28,7 +28,6 @@ QtObject {
     readonly property color quaternary: root.isDark ? Qt.rgba(1, 1, 1, 0.1) : Qt.rgba(0, 0, 0, 0.1)
     readonly property color separator: root.isDark ? Qt.rgba(1, 1, 1, 0.1) : Qt.rgba(0, 0, 0, 0.1)
 
-    readonly property color window: root.isDark ? "#1E1E1E" : "#ECECEC"
     readonly property color content: root.isDark ? "#282828" : "#FFFFFF"
     readonly property color sidebar: root.isDark ? "#232325" : "#F2F2F4"
     readonly property color sheet: root.isDark ? "#2E2E30" : "#F6F6F6"

@@ -67,6 +67,19 @@ constexpr int customImageCell = symbolCount + 1;
 constexpr int customColorCell = colorCount;
 constexpr int automaticColorCell = colorCount + 1;
 
+template <size_t size> QString valueAt(const std::array<Option, size> &options, int place)
+{
+    const bool isThere = place >= 0 && size_t(place) < size;
+    return isThere ? QString(QLatin1StringView(options.at(size_t(place)).value)) : QString();
+}
+
+template <size_t size> int placeOf(const std::array<Option, size> &options, const QString &value)
+{
+    const auto found = std::ranges::find_if(
+        options, [&](const Option &option) { return value == QLatin1StringView(option.value); });
+    return found == options.end() ? -1 : int(found - options.begin());
+}
+
 template <size_t size> QStringList valuesOf(const std::array<Option, size> &options)
 {
     QStringList values;
@@ -104,7 +117,7 @@ int AppearanceOptions::symbolCell(const QString &symbol, bool hasCustomIcon)
         return customImageCell;
     if (symbol.isEmpty())
         return noSymbolCell;
-    const auto index = int(offeredSymbols().indexOf(symbol));
+    const int index = placeOf(symbols, symbol);
     return index < 0 ? -1 : index + 1;
 }
 
@@ -117,7 +130,7 @@ AppearanceOptions::SymbolKind AppearanceOptions::symbolKind(int cell)
 
 QString AppearanceOptions::symbolValue(int cell)
 {
-    return symbolKind(cell) == SymbolKind::Symbol ? offeredSymbols().value(cell - 1) : QString();
+    return symbolKind(cell) == SymbolKind::Symbol ? valueAt(symbols, cell - 1) : QString();
 }
 
 QString AppearanceOptions::symbolShown(int cell)
@@ -155,7 +168,7 @@ int AppearanceOptions::colorCell(const QString &hex)
 {
     if (hex.isEmpty())
         return automaticColorCell;
-    const auto index = int(extendedPalette().indexOf(plainHex(hex)));
+    const int index = placeOf(colors, plainHex(hex));
     return index < 0 ? customColorCell : index;
 }
 
@@ -168,7 +181,7 @@ AppearanceOptions::ColorKind AppearanceOptions::colorKind(int cell)
 
 QString AppearanceOptions::colorValue(int cell)
 {
-    return extendedPalette().value(cell);
+    return valueAt(colors, cell);
 }
 
 QString AppearanceOptions::colorName(int cell)
@@ -191,8 +204,7 @@ QString AppearanceOptions::plainHex(const QString &hex)
 
 QColor AppearanceOptions::colorOrFirst(const QString &hex)
 {
-    return colorFromHexText(hex).value_or(
-        colorFromHexText(extendedPalette().first()).value_or(QColor()));
+    return colorFromHexText(hex).value_or(colorFromHexText(valueAt(colors, 0)).value_or(QColor()));
 }
 
 qreal AppearanceOptions::groundOpacity(const QString &hex)

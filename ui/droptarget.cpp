@@ -75,7 +75,7 @@ void DropTarget::dragMoveEvent(QDragMoveEvent *event)
 
 void DropTarget::dragLeaveEvent(QDragLeaveEvent *event)
 {
-    setTargeted(false);
+    dropExited();
     event->accept();
 }
 

@@ -35,6 +35,7 @@ Q_SIGNALS:
 protected:
     [[nodiscard]] virtual bool validateDrop(const DropInfo &info) = 0;
     virtual void dropEntered(const DropInfo &info) = 0;
+    virtual void dropExited() = 0;
     virtual void performDrop(const DropInfo &info) = 0;
 
     void setTargeted(bool isTargeted);

@@ -18,6 +18,11 @@ void FileDropTarget::dropEntered(const DropInfo &info)
     handler().dropEntered(info);
 }
 
+void FileDropTarget::dropExited()
+{
+    handler().dropExited();
+}
+
 void FileDropTarget::performDrop(const DropInfo &info)
 {
     handler().performDrop(info);

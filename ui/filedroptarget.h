@@ -15,6 +15,7 @@ public:
 protected:
     [[nodiscard]] bool validateDrop(const DropInfo &info) override;
     void dropEntered(const DropInfo &info) override;
+    void dropExited() override;
     void performDrop(const DropInfo &info) override;
 
 private:

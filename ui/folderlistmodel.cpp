@@ -100,20 +100,12 @@ QString FolderListModel::folderIDAt(int row) const
 
 int FolderListModel::rowOf(const QString &folderID) const
 {
-    const std::optional<QUuid> id = uuidFromText(folderID);
-    const auto found = std::ranges::find(rows(), id, &FolderRow::id);
-    return found == rows().end() ? -1 : static_cast<int>(std::distance(rows().begin(), found));
+    return rowWithID(uuidFromText(folderID));
 }
 
 int FolderListModel::rowStartingWith(const QString &text, int row) const
 {
-    const int count = rowCount();
-    for (int step = 1; step <= count; ++step) {
-        const int candidate = (std::max(row, -1) + step) % count;
-        if (rows().at(candidate).folder.name.startsWith(text, Qt::CaseInsensitive))
-            return candidate;
-    }
-    return -1;
+    return nextRowStartingWith(text, row, [](const FolderRow &shown) { return shown.folder.name; });
 }
 
 int FolderListModel::firstMovableRow() const

@@ -191,11 +191,5 @@ bool ImageBrowserModel::isPictureAt(int row) const
 
 int ImageBrowserModel::rowStartingWith(const QString &text, int row) const
 {
-    const int count = rowCount();
-    for (int step = 1; step <= count; ++step) {
-        const int candidate = (row + step) % count;
-        if (rows().at(candidate).name.startsWith(text, Qt::CaseInsensitive))
-            return candidate;
-    }
-    return -1;
+    return nextRowStartingWith(text, row, [](const PictureEntry &entry) { return entry.name; });
 }

@@ -14,7 +14,6 @@ class ImageBrowserModel : public RowListModel<PictureEntry> {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(SystemPanels *panels READ panels WRITE setPanels NOTIFY panelsChanged)
-    Q_PROPERTY(QString directoryName READ directoryName NOTIFY directoryChanged)
     Q_PROPERTY(QString directoryPath READ directoryPath NOTIFY directoryChanged)
     Q_PROPERTY(QString directoryURL READ directoryURL NOTIFY directoryChanged)
     Q_PROPERTY(bool hasParent READ hasParent NOTIFY directoryChanged)
@@ -33,7 +32,6 @@ public:
     /// Begins where a picture was last chosen, or at the user's pictures.
     void setPanels(SystemPanels *panels);
     /// Empty texts until the first directory has been read.
-    [[nodiscard]] QString directoryName() const { return m_directory.lastPathComponent(); }
     [[nodiscard]] QString directoryPath() const { return m_directory.path(); }
     [[nodiscard]] QString directoryURL() const { return m_directory.text(); }
     [[nodiscard]] bool hasParent() const;

@@ -29,6 +29,11 @@ void ItemDropTarget::dropEntered(const DropInfo &info)
     handler().dropEntered(info);
 }
 
+void ItemDropTarget::dropExited()
+{
+    setTargeted(false);
+}
+
 void ItemDropTarget::performDrop(const DropInfo &info)
 {
     setTargeted(false);

@@ -29,6 +29,7 @@ Q_SIGNALS:
 protected:
     [[nodiscard]] bool validateDrop(const DropInfo &info) override;
     void dropEntered(const DropInfo &info) override;
+    void dropExited() override;
     void performDrop(const DropInfo &info) override;
 
 private:

@@ -42,7 +42,5 @@ QString ItemListModel::itemIDAt(int row) const
 
 int ItemListModel::rowOf(const QString &itemID) const
 {
-    const std::optional<QUuid> id = uuidFromText(itemID);
-    const auto found = std::ranges::find(rows(), id, &ItemRow::id);
-    return found == rows().end() ? -1 : static_cast<int>(std::distance(rows().begin(), found));
+    return rowWithID(uuidFromText(itemID));
 }

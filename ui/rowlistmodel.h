@@ -4,6 +4,7 @@
 #include <QSet>
 
 #include <algorithm>
+#include <optional>
 
 /// A list model whose rows are values with an `id`. New rows arrive whole; what differs reaches the
 /// views as removals, insertions, moves and changes, never as a reset, so that selection, focus,
@@ -21,6 +22,26 @@ protected:
     using ID = decltype(Row::id);
 
     [[nodiscard]] const QList<Row> &rows() const { return m_rows; }
+
+    /// -1: no row has the id.
+    [[nodiscard]] int rowWithID(const std::optional<ID> &id) const
+    {
+        const auto found = std::ranges::find(m_rows, id, &Row::id);
+        return found == m_rows.end() ? -1 : static_cast<int>(found - m_rows.begin());
+    }
+
+    /// The next row after `row`, going round, whose text begins so, whatever the case; -1: none.
+    template <typename TextOf>
+    [[nodiscard]] int nextRowStartingWith(const QString &text, int row, TextOf textOf) const
+    {
+        const int count = rowCount();
+        for (int step = 1; step <= count; ++step) {
+            const int candidate = (std::max(row, -1) + step) % count;
+            if (textOf(m_rows.at(candidate)).startsWith(text, Qt::CaseInsensitive))
+                return candidate;
+        }
+        return -1;
+    }
 
     void updateRows(const QList<Row> &wanted)
     {

@@ -5,7 +5,5 @@
 #include <QList>
 #include <QStringList>
 
-/// URLs cross QML as texts, which keep every escape and slash.
-[[nodiscard]] QStringList textsOfURLs(const QList<FileURL> &urls);
-/// Texts that are no URLs are left out.
+/// URLs cross QML as texts, which keep every escape and slash. Texts that are no URLs are left out.
 [[nodiscard]] QList<FileURL> urlsFromTexts(const QStringList &texts);

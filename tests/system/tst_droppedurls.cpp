@@ -347,7 +347,7 @@ void DroppedURLsTest::rowIsTargetedWhileADragIsOverIt()
     const FolderRowDropDelegate row{.setTargeted = [&](bool is) { targeted.append(is); }};
     row.dropEntered(FakeDropInfo::withFiles(1));
     QCOMPARE(targeted, QList{true});
-    row.dropExited(FakeDropInfo::withFiles(1));
+    row.dropExited();
     QCOMPARE(targeted, (QList{true, false}));
 }
 

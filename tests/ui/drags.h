@@ -1,7 +1,6 @@
 #pragma once
 
 #include "ui/dropreceiver.h"
-#include "ui/urltexts.h"
 
 #include <QCoreApplication>
 #include <QDragEnterEvent>
@@ -41,7 +40,10 @@ class NotingReceiver final : public DropReceiver {
 public:
     void receiveDrop(const QString &folderID, const QList<FileURL> &urls) override
     {
-        drops.append((QStringList{folderID} + textsOfURLs(urls)).join(u' '));
+        QString drop = folderID;
+        for (const FileURL &url : urls)
+            drop += u' ' + url.text();
+        drops.append(drop);
     }
 
     QStringList drops;
