@@ -20,6 +20,7 @@ FolderRow FolderListModel::rowFor(const DockFolder &folder, bool isLocked) const
 {
     return {.id = folder.id,
             .folder = folder,
+            .pictureSource = m_pictures.pictureSource(folder),
             .isLocked = isLocked,
             .isInstalled = m_store.isInstalled(folder.id)};
 }
@@ -53,11 +54,8 @@ QString FolderListModel::status(const FolderRow &row)
     return row.isInstalled ? tr("Ready in Dock") : tr("Not added yet");
 }
 
-QVariant FolderListModel::data(const QModelIndex &index, int role) const
+QVariant FolderListModel::value(const FolderRow &row, int role) const
 {
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
-        return {};
-    const FolderRow &row = rows().at(index.row());
     switch (role) {
     case FolderIDRole:
         return uuidText(row.id);
@@ -74,7 +72,7 @@ QVariant FolderListModel::data(const QModelIndex &index, int role) const
     case IconSymbolRole:
         return row.folder.iconSymbol.value_or(QString());
     case PictureSourceRole:
-        return m_pictures.pictureSource(row.folder);
+        return row.pictureSource;
     case PreviewURLsRole:
         return previewURLs(row.folder);
     case PreviewColumnsRole:

@@ -12,6 +12,7 @@ class PictureStore;
 struct FolderRow {
     QUuid id{}; ///< the folder's
     DockFolder folder{}; ///< shares its data with the store's
+    QString pictureSource{}; ///< of an image; empty: none
     bool isLocked{};
     bool isInstalled{};
     bool operator==(const FolderRow &) const = default;
@@ -45,7 +46,6 @@ public:
     /// How many rows stand before the library's first.
     [[nodiscard]] int firstMovableRow() const;
 
-    [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
 
     /// The folder of a row, as text; empty outside the list.
@@ -63,6 +63,7 @@ Q_SIGNALS:
     void orderChanged();
 
 private:
+    [[nodiscard]] QVariant value(const FolderRow &row, int role) const override;
     void update();
     [[nodiscard]] FolderRow rowFor(const DockFolder &folder, bool isLocked) const;
     [[nodiscard]] static QString status(const FolderRow &row);

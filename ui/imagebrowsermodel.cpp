@@ -11,18 +11,15 @@ ImageBrowserModel::ImageBrowserModel(QObject *parent)
     });
 }
 
-QVariant ImageBrowserModel::data(const QModelIndex &index, int role) const
+QVariant ImageBrowserModel::value(const PictureEntry &row, int role) const
 {
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
-        return {};
-    const PictureEntry &entry = rows().at(index.row());
     switch (role) {
     case URLRole:
-        return entry.id.text();
+        return row.id.text();
     case NameRole:
-        return entry.name;
+        return row.name;
     case IsDirectoryRole:
-        return entry.isDirectory;
+        return row.isDirectory;
     default:
         return {};
     }

@@ -25,7 +25,6 @@ public:
 
     explicit ImageBrowserModel(QObject *parent = nullptr);
 
-    [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
 
     [[nodiscard]] SystemPanels *panels() const { return m_panels; }
@@ -73,6 +72,7 @@ Q_SIGNALS:
     void refused(const QString &why);
 
 private:
+    [[nodiscard]] QVariant value(const PictureEntry &row, int role) const override;
     void await(const QFuture<PictureListing> &listing);
     void setIsLoading(bool isLoading);
     void show(const PictureListing &listing);

@@ -11,11 +11,8 @@ void ItemListModel::setItems(const QList<DockFolderItem> &items)
     updateRows(rows);
 }
 
-QVariant ItemListModel::data(const QModelIndex &index, int role) const
+QVariant ItemListModel::value(const ItemRow &row, int role) const
 {
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
-        return {};
-    const ItemRow &row = rows().at(index.row());
     switch (role) {
     case ItemIDRole:
         return uuidText(row.id);

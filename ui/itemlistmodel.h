@@ -31,11 +31,13 @@ public:
 
     void setItems(const QList<DockFolderItem> &items);
 
-    [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
 
     /// The item of a row, as text; empty outside the list.
     Q_INVOKABLE [[nodiscard]] QString itemIDAt(int row) const;
     /// -1 when no row shows the item.
     Q_INVOKABLE [[nodiscard]] int rowOf(const QString &itemID) const;
+
+private:
+    [[nodiscard]] QVariant value(const ItemRow &row, int role) const override;
 };

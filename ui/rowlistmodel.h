@@ -17,9 +17,17 @@ public:
     {
         return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
     }
+    [[nodiscard]] QVariant data(const QModelIndex &index, int role) const final
+    {
+        const bool isRow = this->checkIndex(index, CheckIndexOption::IndexIsValid);
+        return isRow ? value(m_rows.at(index.row()), role) : QVariant();
+    }
 
 protected:
     using ID = decltype(Row::id);
+
+    /// What a row shows under a role, which depends on nothing else; invalid when it is none.
+    [[nodiscard]] virtual QVariant value(const Row &row, int role) const = 0;
 
     [[nodiscard]] const QList<Row> &rows() const { return m_rows; }
 
@@ -136,9 +144,18 @@ private:
         for (int row = 0; row < wanted.size(); ++row) {
             if (m_rows.at(row) == wanted.at(row))
                 continue;
+            const QList<int> roles = differingRoles(m_rows.at(row), wanted.at(row));
             m_rows[row] = wanted.at(row);
-            Q_EMIT dataChanged(index(row), index(row));
+            if (!roles.isEmpty())
+                Q_EMIT dataChanged(index(row), index(row), roles);
         }
+    }
+
+    [[nodiscard]] QList<int> differingRoles(const Row &a, const Row &b) const
+    {
+        QList<int> roles = this->roleNames().keys();
+        roles.removeIf([&](int role) { return value(a, role) == value(b, role); });
+        return roles;
     }
 
     int rowFrom(int start, const ID &id) const

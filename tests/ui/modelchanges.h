@@ -19,17 +19,29 @@ public:
                     note(u"move", first, row);
                 });
         connect(&model, &QAbstractItemModel::dataChanged, this,
-                [this](const QModelIndex &first, const QModelIndex &last) {
+                [this, &model](const QModelIndex &first, const QModelIndex &last,
+                               const QList<int> &roles) {
                     note(u"change", first.row(), last.row());
+                    m_notes.last() += u' ' + names(model, roles);
                 });
         connect(&model, &QAbstractItemModel::modelReset, this,
                 [this] { m_notes.append(QStringLiteral("reset")); });
     }
 
-    /// What was told since the last call: "insert 1-1", "move 2-0" (from, to), "reset" …
+    /// What was told since the last call: "insert 1-1", "move 2-0" (from, to), "change 0-0 name",
+    /// "reset" …
     [[nodiscard]] QStringList take() { return std::exchange(m_notes, {}); }
 
 private:
+    static QString names(const QAbstractListModel &model, const QList<int> &roles)
+    {
+        QStringList names;
+        for (const int role : roles)
+            names.append(QString::fromLatin1(model.roleNames().value(role)));
+        names.sort();
+        return names.join(u' ');
+    }
+
     void note(QStringView what, int first, int last)
     {
         m_notes.append(QStringLiteral("%1 %2-%3").arg(what).arg(first).arg(last));

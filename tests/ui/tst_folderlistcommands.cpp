@@ -204,7 +204,9 @@ void FolderListCommandsTest::tellsWhatTheIconsShow()
     folder.accentColorHex = QStringLiteral("4f83d3");
     folder.iconSymbol = QStringLiteral("star.fill");
     m_fixture->store->updateFolder(m_b.id, [&](DockFolder &stored) { stored = folder; });
-    QCOMPARE(m_changes->take(), QStringList{QStringLiteral("change 1-1")});
+    QCOMPARE(m_changes->take(),
+             QStringList{QStringLiteral(
+                 "change 1-1 accentColorHex iconSymbol previewColumns previewURLs")});
     QCOMPARE(value(1, FolderListModel::AccentColorRole).toString(), QStringLiteral("#4F83D3"));
     QCOMPARE(value(1, FolderListModel::IconSymbolRole).toString(), QStringLiteral("star.fill"));
     QCOMPARE(value(1, FolderListModel::PreviewColumnsRole).toInt(), 3);

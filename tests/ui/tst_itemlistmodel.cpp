@@ -91,7 +91,7 @@ void ItemListModelTest::aNewNameChangesItsRowOnly()
     QList<DockFolderItem> renamed = abcd();
     renamed[2].name = QStringLiteral("Renamed");
     model.setItems(renamed);
-    QCOMPARE(changes.take(), QStringList{QStringLiteral("change 2-2")});
+    QCOMPARE(changes.take(), QStringList{QStringLiteral("change 2-2 name")});
 }
 
 // A library that another program damaged; the next one may well be whole again.
