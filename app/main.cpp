@@ -9,10 +9,10 @@
 #include "system/installedapplications.h"
 #include "ui/companionviewmodel.h"
 #include "ui/firstpictures.h"
-#include "ui/imageproviders.h"
 #include "ui/picturestore.h"
 #include "ui/systemappearance.h"
 #include "ui/systempanels.h"
+#include "ui/windowengine.h"
 
 #include <QCommandLineParser>
 #include <QEventLoop>
@@ -88,7 +88,7 @@ int main(int argc, char *argv[])
 
     QQmlEngine engine;
     addWindowTypes(engine);
-    addImageProviders(engine, *platform.workspace, pictures);
+    addPictureProviders(engine, *platform.workspace, pictures);
     setAppearance(engine, *platform.appearance);
     QObject::connect(&engine, &QQmlEngine::quit, &application, &QCoreApplication::quit,
                      Qt::QueuedConnection);

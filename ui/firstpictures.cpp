@@ -3,8 +3,8 @@
 #include "ui/foldericonmetrics.h"
 #include "ui/folderlistmodel.h"
 #include "ui/iconprovider.h"
-#include "ui/imageproviders.h"
 #include "ui/pictureprovider.h"
+#include "ui/windowengine.h"
 
 #include <algorithm>
 
@@ -34,8 +34,8 @@ IconGrid grid(const QStringList &urls, int columns, qreal pixelRatio)
 
 void beginFirstPictures(const QQmlEngine &engine, const FolderListModel &folders, qreal pixelRatio)
 {
-    auto *const icons = imageProvider<IconProvider>(&engine);
-    const auto *const pictures = imageProvider<PictureProvider>(&engine);
+    auto *const icons = providerOf<IconProvider>(&engine);
+    const auto *const pictures = providerOf<PictureProvider>(&engine);
     for (int row = 0; row < std::min(rowsInView, folders.rowCount()); ++row) {
         const auto value
             = [&](FolderListModel::Role role) { return folders.data(folders.index(row), role); };

@@ -1,7 +1,7 @@
 #include "ui/folderpicture.h"
 
-#include "ui/imageproviders.h"
 #include "ui/pictureprovider.h"
+#include "ui/windowengine.h"
 
 FolderPicture::FolderPicture(QQuickItem *parent)
     : LoadedPicture(parent)
@@ -12,7 +12,7 @@ FolderPicture::FolderPicture(QQuickItem *parent)
 
 PictureRequest FolderPicture::request(IconProvider &, const QSize &area) const
 {
-    const auto *const pictures = imageProvider<PictureProvider>(qmlEngine(this));
+    const auto *const pictures = providerOf<PictureProvider>(qmlEngine(this));
     if (pictures == nullptr || m_source.isEmpty())
         return {};
     return pictures->request(m_source, area, width() > 0 ? m_radius / width() : 0);

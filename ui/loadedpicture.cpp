@@ -1,7 +1,7 @@
 #include "ui/loadedpicture.h"
 
 #include "ui/iconprovider.h"
-#include "ui/imageproviders.h"
+#include "ui/windowengine.h"
 
 #include <QQuickWindow>
 #include <QSGImageNode>
@@ -47,7 +47,7 @@ void LoadedPicture::updatePolish()
 {
     const QSize area = (size() * pixelRatio()).toSize();
     auto *const icons
-        = isVisible() && !area.isEmpty() ? imageProvider<IconProvider>(qmlEngine(this)) : nullptr;
+        = isVisible() && !area.isEmpty() ? providerOf<IconProvider>(qmlEngine(this)) : nullptr;
     if (icons != nullptr && icons != m_icons) {
         m_icons = icons;
         connect(icons, &IconProvider::refreshed, this, &LoadedPicture::changed);

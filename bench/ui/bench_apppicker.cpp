@@ -5,8 +5,8 @@
 #include "tests/fakes/fakeworkspace.h"
 #include "tests/ui/itemtree.h"
 #include "ui/applicationscan.h"
-#include "ui/imageproviders.h"
 #include "ui/picturestore.h"
+#include "ui/windowengine.h"
 
 #include <QCoreApplication>
 #include <QGuiApplication>
@@ -99,7 +99,7 @@ public:
     explicit Sheet(const QList<FileURL> &applications)
         : m_scan([applications] { return applications; })
     {
-        addImageProviders(m_engine, m_workspace, m_pictures);
+        addPictureProviders(m_engine, m_workspace, m_pictures);
         addWindowTypes(m_engine);
         m_engine.setInitialProperties({{QStringLiteral("scan"), QVariant::fromValue(&m_scan)}});
         m_engine.loadData(windowText);

@@ -4,8 +4,8 @@
 #include "bench/ui/settle.h"
 #include "platform/appearance.h"
 #include "tests/ui/itemtree.h"
-#include "ui/imageproviders.h"
 #include "ui/systemappearance.h"
+#include "ui/windowengine.h"
 
 #include <QGuiApplication>
 
@@ -15,7 +15,7 @@ CompanionWindow::CompanionWindow()
     , m_model((m_companion.store.start(), m_companion.store), m_pictures,
               [] { return QList<FileURL>(); })
 {
-    addImageProviders(m_engine, *m_platform.workspace, m_pictures);
+    addPictureProviders(m_engine, *m_platform.workspace, m_pictures);
     setAppearance(m_engine, *m_platform.appearance);
     m_engine.setInitialProperties({{QStringLiteral("model"), QVariant::fromValue(&m_model)}});
     addWindowTypes(m_engine);

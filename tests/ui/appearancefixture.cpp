@@ -1,6 +1,6 @@
 #include "tests/ui/appearancefixture.h"
 
-#include "ui/imageproviders.h"
+#include "ui/windowengine.h"
 
 #include <QGuiApplication>
 #include <QQmlComponent>
@@ -54,7 +54,7 @@ void collectChecked(QAccessibleInterface *root, QStringList &names)
 AppearanceFixture::AppearanceFixture()
 {
     qputenv("QT_QUICK_BACKEND", "software");
-    addImageProviders(engine, workspace, pictures);
+    addPictureProviders(engine, workspace, pictures);
     addWindowTypes(engine);
 }
 

@@ -1,7 +1,7 @@
 #include "tests/fakes/fakeappearance.h"
 #include "ui/contrast.h"
-#include "ui/imageproviders.h"
 #include "ui/systemappearance.h"
+#include "ui/windowengine.h"
 
 #include <QQmlComponent>
 #include <QQmlContext>

@@ -2,10 +2,10 @@
 #include "platform/workspace.h"
 #include "tests/pictures.h"
 #include "ui/icongrid.h"
-#include "ui/imageproviders.h"
 #include "ui/itemicongrid.h"
 #include "ui/loadedpicture.h"
 #include "ui/picturestore.h"
+#include "ui/windowengine.h"
 
 #include <QQmlComponent>
 #include <QQmlEngine>
@@ -106,7 +106,7 @@ void FileIconTest::init()
     QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
     m_engine = std::make_unique<QQmlEngine>();
     addWindowTypes(*m_engine);
-    addImageProviders(*m_engine, m_workspace, m_pictures);
+    addPictureProviders(*m_engine, m_workspace, m_pictures);
     m_window = std::make_unique<QQuickWindow>();
     m_window->setColor(background);
     m_window->resize(200, 200);

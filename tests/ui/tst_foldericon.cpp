@@ -3,9 +3,9 @@
 #include "tests/pictures.h"
 #include "tests/store/storefixture.h"
 #include "tests/ui/itemtree.h"
-#include "ui/imageproviders.h"
 #include "ui/picturestore.h"
 #include "ui/systemappearance.h"
+#include "ui/windowengine.h"
 
 #include <QQmlComponent>
 #include <QQmlEngine>
@@ -143,7 +143,7 @@ void FolderIconTest::init()
     m_appearance.current = {};
     m_engine = std::make_unique<QQmlEngine>();
     setAppearance(*m_engine, m_appearance);
-    addImageProviders(*m_engine, m_workspace, m_pictures);
+    addPictureProviders(*m_engine, m_workspace, m_pictures);
     addWindowTypes(*m_engine);
 }
 

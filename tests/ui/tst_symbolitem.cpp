@@ -1,5 +1,5 @@
-#include "ui/imageproviders.h"
 #include "ui/symbolitem.h"
+#include "ui/windowengine.h"
 
 #include <QAccessible>
 #include <QQmlComponent>

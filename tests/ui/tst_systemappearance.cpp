@@ -1,5 +1,5 @@
-#include "ui/imageproviders.h"
 #include "ui/systemappearance.h"
+#include "ui/windowengine.h"
 
 #include "tests/fakes/fakeappearance.h"
 

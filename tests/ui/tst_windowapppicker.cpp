@@ -1,5 +1,5 @@
 #include "tests/ui/windowfixture.h"
-#include "ui/imageproviders.h"
+#include "ui/windowengine.h"
 
 #include <QQmlComponent>
 #include <QSemaphore>
@@ -67,7 +67,7 @@ struct PickerFixture : WindowFixture {
 
     [[nodiscard]] bool openWindow(const QStringList &existing)
     {
-        addImageProviders(engine, workspace, pictures);
+        addPictureProviders(engine, workspace, pictures);
         addWindowTypes(engine);
         engine.setInitialProperties({{QStringLiteral("scan"), QVariant::fromValue(&scan)},
                                      {QStringLiteral("existingURLs"), existing}});

@@ -3,7 +3,7 @@
 #include "tests/ui/windowfixture.h"
 #include "ui/firstpictures.h"
 #include "ui/iconprovider.h"
-#include "ui/imageproviders.h"
+#include "ui/windowengine.h"
 
 /// What the window shows the first time that it is painted.
 class WindowFirstFrameTest : public QObject {
@@ -45,7 +45,7 @@ void WindowFirstFrameTest::picturesThatWereBegunAreInIt()
     m_window.installNestlet();
     m_window.start(folders());
     beginFirstPictures(m_window.engine, *m_window.model->folders(), 1);
-    imageProvider<IconProvider>(&m_window.engine)->loader().pool().waitForDone();
+    providerOf<IconProvider>(&m_window.engine)->loader().pool().waitForDone();
     QVERIFY(m_window.makeWindow());
     m_window.window->grabWindow(); // paints, and delivers no picture that is made meanwhile
     const QList<QQuickItem *> pictures

@@ -2,7 +2,7 @@
 #include "tests/pictures.h"
 #include "tests/ui/itemtree.h"
 #include "tests/ui/windowfixture.h"
-#include "ui/imageproviders.h"
+#include "ui/windowengine.h"
 
 #include <QRandomGenerator>
 
@@ -15,7 +15,7 @@ struct NewWindow {
     explicit NewWindow(const WindowFixture &fixture)
         : model(*fixture.store, pictures)
     {
-        addImageProviders(engine, fixture.workspace, pictures);
+        addPictureProviders(engine, fixture.workspace, pictures);
         addWindowTypes(engine);
         engine.setInitialProperties({{QStringLiteral("model"), QVariant::fromValue(&model)}});
         engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Nestlet/Companion/CompanionView.qml")));

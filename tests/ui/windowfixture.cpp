@@ -1,7 +1,7 @@
 #include "tests/ui/windowfixture.h"
 
 #include "tests/ui/itemtree.h"
-#include "ui/imageproviders.h"
+#include "ui/windowengine.h"
 
 #include <QQmlContext>
 #include <QQmlExpression>
@@ -17,7 +17,7 @@ void failOnWindowWarnings()
 WindowFixture::WindowFixture()
 {
     qputenv("QT_QUICK_BACKEND", "software");
-    addImageProviders(engine, workspace, pictures);
+    addPictureProviders(engine, workspace, pictures);
     addWindowTypes(engine);
 }
 

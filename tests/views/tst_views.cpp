@@ -1,9 +1,9 @@
 #include "tests/fakes/fakeappearance.h"
 #include "tests/store/storefixture.h"
 #include "ui/companionviewmodel.h"
-#include "ui/imageproviders.h"
 #include "ui/picturestore.h"
 #include "ui/systemappearance.h"
+#include "ui/windowengine.h"
 
 #include <QAccessible>
 #include <QBuffer>
@@ -27,7 +27,7 @@ public:
         m_fixture.installNestlet();
         m_fixture.startWith({folderNamed(QStringLiteral("Work"))});
         setAppearance(engine, m_appearance);
-        addImageProviders(engine, m_fixture.workspace, m_pictures);
+        addPictureProviders(engine, m_fixture.workspace, m_pictures);
         addWindowTypes(engine);
     }
 

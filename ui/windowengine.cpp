@@ -1,4 +1,4 @@
-#include "ui/imageproviders.h"
+#include "ui/windowengine.h"
 
 #include "builder/iconimage.h"
 #include "ui/iconprovider.h"
@@ -13,7 +13,8 @@ void addWindowTypes(QQmlEngine &engine)
     engine.addImportPath(QStringLiteral(":/qt/qml"));
 }
 
-void addImageProviders(QQmlEngine &engine, const Workspace &workspace, const PictureStore &pictures)
+void addPictureProviders(QQmlEngine &engine, const Workspace &workspace,
+                         const PictureStore &pictures)
 {
     allowLargePictures(); // while no thread reads any
     new IconProvider(workspace, &engine);
@@ -22,6 +23,6 @@ void addImageProviders(QQmlEngine &engine, const Workspace &workspace, const Pic
 
 void refreshIcons(const QQmlEngine &engine)
 {
-    if (auto *const icons = imageProvider<IconProvider>(&engine))
+    if (auto *const icons = providerOf<IconProvider>(&engine))
         icons->refresh();
 }
