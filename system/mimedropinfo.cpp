@@ -2,7 +2,6 @@
 
 #include <QCoreApplication>
 #include <QFileInfo>
-#include <QMimeData>
 
 #include <utility>
 
@@ -59,12 +58,41 @@ QList<QByteArray> fileURLLines(const QByteArray &uriList)
     return urls;
 }
 
+QString uriListFormat()
+{
+    return QStringLiteral("text/uri-list");
+}
+
+// hasText() would count a list of URLs as text.
+QString plainTextFormat()
+{
+    return QStringLiteral("text/plain");
+}
+
 } // namespace
 
+KeptDragData::KeptDragData(const QMimeData &data)
+    : m_uriList(data.data(uriListFormat()))
+{
+    for (const QString &format : {uriListFormat(), plainTextFormat()}) {
+        if (data.hasFormat(format))
+            m_formats.append(format);
+    }
+}
+
+bool KeptDragData::hasFormat(const QString &format) const
+{
+    return m_formats.contains(format);
+}
+
+QVariant KeptDragData::retrieveData(const QString &format, QMetaType) const
+{
+    return format == uriListFormat() ? QVariant(m_uriList) : QVariant();
+}
+
 MimeDropInfo::MimeDropInfo(const QMimeData *data)
-    : m_fileURLs(fileURLLines(data->data(QStringLiteral("text/uri-list"))))
-    // hasText() would count a list of URLs as text.
-    , m_hasPlainText(data->hasFormat(QStringLiteral("text/plain")))
+    : m_fileURLs(fileURLLines(data->data(uriListFormat())))
+    , m_hasPlainText(data->hasFormat(plainTextFormat()))
 {
 }
 

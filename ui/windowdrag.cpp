@@ -14,6 +14,13 @@ bool isDrag(QEvent::Type type)
 
 } // namespace
 
+WindowDrag::WindowDrag(QObject *parent)
+    : QObject(parent)
+{
+}
+
+WindowDrag::~WindowDrag() = default;
+
 void WindowDrag::setWindow(QQuickWindow *window)
 {
     if (m_window == window)
@@ -85,9 +92,10 @@ void WindowDrag::follow(const QDropEvent &event)
 {
     if (!m_frames)
         begin();
-    if (m_content != event.mimeData()) { // its data are asked for once
-        m_content = event.mimeData();
-        m_carriesFiles = MimeDropInfo(m_content).hasItems(DropContent::FileURL);
+    if (!m_data || m_source != event.mimeData()) { // its data are asked for once
+        m_source = event.mimeData();
+        m_data = std::make_unique<KeptDragData>(*m_source);
+        m_carriesFiles = MimeDropInfo(m_data.get()).hasItems(DropContent::FileURL);
     }
     m_place = event.position();
     m_actions = event.possibleActions();
@@ -100,15 +108,16 @@ void WindowDrag::end()
 {
     disconnect(m_frames);
     m_frames = {};
-    m_content.clear();
+    m_source = nullptr;
+    m_data.reset();
     Q_EMIT moved();
 }
 
 void WindowDrag::repeatAt(const QPointF &place)
 {
-    if (!m_content || !m_window)
+    if (!m_data || !m_window)
         return;
     const QScopedValueRollback repeating(m_isRepeating, true);
-    QDragMoveEvent event(place.toPoint(), m_actions, m_content, m_buttons, m_modifiers);
+    QDragMoveEvent event(place.toPoint(), m_actions, m_data.get(), m_buttons, m_modifiers);
     QCoreApplication::sendEvent(m_window, &event);
 }

@@ -1,11 +1,14 @@
 #pragma once
 
 #include <QDropEvent>
-#include <QMimeData>
 #include <QObject>
 #include <QPointer>
 #include <QQuickWindow>
 #include <QtQml/qqmlregistration.h>
+
+#include <memory>
+
+class KeptDragData;
 
 /// A drag over a window, wherever in it that is and whether or not something there takes it.
 ///
@@ -25,13 +28,14 @@ class WindowDrag : public QObject {
     Q_PROPERTY(QPointF place READ place NOTIFY moved)
 
 public:
-    using QObject::QObject;
+    explicit WindowDrag(QObject *parent = nullptr);
+    ~WindowDrag() override;
 
     [[nodiscard]] QQuickWindow *window() const { return m_window; }
     void setWindow(QQuickWindow *window);
     [[nodiscard]] bool isBlocked() const { return m_isBlocked; }
     void setBlocked(bool isBlocked);
-    [[nodiscard]] bool isOver() const { return m_content != nullptr; }
+    [[nodiscard]] bool isOver() const { return m_data != nullptr; }
     [[nodiscard]] bool carriesFiles() const { return isOver() && m_carriesFiles; }
     [[nodiscard]] QPointF place() const { return m_place; }
 
@@ -50,7 +54,8 @@ private:
     void repeatAt(const QPointF &place);
 
     QPointer<QQuickWindow> m_window;
-    QPointer<const QMimeData> m_content;
+    const QMimeData *m_source = nullptr; ///< only to be compared
+    std::unique_ptr<const KeptDragData> m_data; ///< its data; null: there is no drag
     bool m_carriesFiles = false;
     QPointF m_place;
     Qt::DropActions m_actions;

@@ -143,9 +143,12 @@ class StandInMac:
         return {"id": fixed_id(name), "name": name, "items": items} | fields
 
     def write_library(self, *records):
+        """Replaces it, as other programs do."""
         self.folder_library.parent.mkdir(parents=True, exist_ok=True)
-        self.folder_library.write_text(json.dumps(
+        successor = self.folder_library.with_suffix(".new")
+        successor.write_text(json.dumps(
             {"folders": list(records), "selectedFolderID": records[0]["id"]}))
+        successor.replace(self.folder_library)
 
     def folders(self):
         """The library's folders by name."""
