@@ -9,6 +9,7 @@
 #include "system/installedapplications.h"
 #include "ui/companionviewmodel.h"
 #include "ui/firstpictures.h"
+#include "ui/keyrepeats.h"
 #include "ui/picturestore.h"
 #include "ui/systemappearance.h"
 #include "ui/systempanels.h"
@@ -79,6 +80,7 @@ int main(int argc, char *argv[])
     folderLibrary.beginLoading();
 
     QGuiApplication application(argc, argv);
+    const KeyRepeats keyRepeats;
     const Translations translations;
     answerCommandLine(QCoreApplication::arguments()); // without the toolkit's own
     Platform platform = makePlatform(std::move(files));
