@@ -16,6 +16,7 @@ FocusScope {
     /// Between this slot's cell and the next.
     required property real spacing
     required property RowRearrangement rearrangement
+    opacity: slide.presence
     signal focused
     signal pressed
     signal removeRequested

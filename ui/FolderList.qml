@@ -135,12 +135,14 @@ ListView {
     delegate: CompanionFolderRow {
         id: rowItem
 
+        readonly property bool isHeld: rowItem.folderID === reordering.heldFolderID
+
         width: ListView.view.width
         isSelected: rowItem.folderID === root.companion.selection
         isCurrent: root.activeFocus && (rowItem.isSelected || root.selection === "" && rowItem.index === 0)
         listHasFocus: root.activeFocus
         receiver: root.companion
-        opacity: rowItem.folderID === reordering.heldFolderID ? 0.35 : 1
+        opacity: (rowItem.isHeld ? 0.35 : 1) * slide.presence
         shift: slide.shift.y
         ListView.onPooled: rowItem.isPooled = true
         ListView.onReused: rowItem.isPooled = false
@@ -156,6 +158,7 @@ ListView {
             rearrangement: rearranging
             row: rowItem
             rowID: rowItem.isPooled ? "" : rowItem.folderID
+            lead: Qt.point(0, rowItem.isHeld && reordering.isDropping ? reordering.heldTop + root.contentY - rowItem.y : 0)
         }
     }
 
@@ -163,5 +166,6 @@ ListView {
         id: reordering
         list: root
         folders: root.companion.folders
+        rearrangement: rearranging
     }
 }

@@ -8,26 +8,34 @@ Item {
 
     required property ListView list
     required property FolderListModel folders
+    required property RowRearrangement rearrangement
     property string heldFolderID
     property int heldRow: -1
+    property bool isDropping: false
     /// Where in the row it is held, and where the pointer is in the visible part of the list.
     property real holdOffset: 0
-    property real holdPosition: 0
-    readonly property real heldTop: root.holdPosition - root.holdOffset
+    property point holdPlace
+    readonly property real heldTop: root.holdPlace.y - root.holdOffset
+    /// At its ends a hand may go too far.
+    readonly property bool isOverList: root.holdPlace.x >= 0 && root.holdPlace.x <= root.width
+                                       && root.holdPlace.y >= -Theme.rowHeight
+                                       && root.holdPlace.y <= root.height + Theme.rowHeight
+    /// Where it would go; its own row while it is held elsewhere.
     readonly property int dropRow: {
-        if (root.heldRow < 0)
-            return -1;
+        if (root.heldRow < 0 || !root.isOverList)
+            return root.heldRow;
         const row = Math.round((root.heldTop + root.list.contentY - root.list.originY) / Theme.rowHeight);
         return Math.max(root.folders.firstMovableRow, Math.min(root.list.count - 1, row));
     }
 
     function hold(place: point) {
-        const y = root.list.mapFromItem(null, place).y;
+        const point = root.list.mapFromItem(null, place);
+        const y = point.y;
         const row = root.list.itemAt(1, y + root.list.contentY) as CompanionFolderRow;
         if (!row || row.index < root.folders.firstMovableRow)
             return;
         root.holdOffset = y + root.list.contentY - row.y;
-        root.holdPosition = y;
+        root.holdPlace = point;
         root.heldRow = row.index;
         root.heldFolderID = row.folderID;
         picture.setSource("HeldFolder.qml", {
@@ -53,11 +61,13 @@ Item {
         return isHolding;
     }
     function drop() {
-        const folderID = root.heldFolderID;
-        const target = root.dropRow;
+        if (root.heldFolderID !== "" && root.isOverList) {
+            root.isDropping = true;
+            root.rearrangement.begin(); // from where it is held, even to its former place
+            root.isDropping = false;
+            root.folders.moveFolder(root.heldFolderID, root.dropRow);
+        }
         root.letGo();
-        if (folderID !== "")
-            root.folders.moveFolder(folderID, target);
     }
 
     parent: root.list
@@ -88,19 +98,20 @@ Item {
         }
         onCentroidChanged: {
             if (active)
-                root.holdPosition = root.list.mapFromItem(null, centroid.scenePosition).y;
+                root.holdPlace = root.list.mapFromItem(null, centroid.scenePosition);
         }
     }
 
     EdgeScroller {
         flickable: root.list
-        position: root.heldRow >= 0 ? root.holdPosition : NaN
+        position: root.heldRow >= 0 && root.isOverList ? root.holdPlace.y : NaN
     }
 
     Loader { // whose file is read when a folder is first held
         id: picture
         y: root.heldTop
         width: root.width
+        opacity: root.isOverList ? 1 : 0.5
     }
 
     Rectangle {

@@ -33,7 +33,10 @@ Item {
         sliding.start();
     }
 
-    onFolderIDChanged: root.isGoingOn = false
+    onFolderIDChanged: {
+        root.isGoingOn = false;
+        root.rest = 0;
+    }
 
     NumberAnimation {
         id: sliding

@@ -11,6 +11,10 @@ QtObject {
     /// What the row shows. None while the row is kept for others.
     required property string rowID
     readonly property point place: Qt.point(root.row.x, root.row.y)
+    /// How far from its place something that stands for the row is seen: from there it slides, too.
+    property point lead: Qt.point(0, 0)
+    /// How much is seen of the row: one that was not there before comes as the others move.
+    readonly property real presence: root.isNewcomer ? 1 - root.rearrangement.rest : 1
     /// How far from its place the row is seen.
     readonly property point shift: Qt.point(Math.round(root.offset.x * root.rearrangement.rest),
                                             Math.round(root.offset.y * root.rearrangement.rest))
@@ -19,6 +23,7 @@ QtObject {
     // Where the row was when that began, and as what: nothing when it was not there.
     property point formerPlace
     property string formerID
+    property bool isNewcomer: false
 
     function follow() {
         const slides = root.rearrangement.isGoingOn && root.formerID === root.rowID;
@@ -27,18 +32,24 @@ QtObject {
                                          root.offset.y + root.formerPlace.y - root.place.y);
         root.formerPlace = root.place;
     }
+    function come() {
+        root.isNewcomer = root.rearrangement.isGoingOn && root.rowID !== "" && root.formerID !== root.rowID;
+    }
 
     onPlaceChanged: root.follow()
     onRowIDChanged: {
         if (root.rowID === "")
             root.formerID = "";
+        root.come();
     }
+    Component.onCompleted: root.come()
 
     readonly property Connections beginning: Connections {
         target: root.rearrangement
         function onBegun() {
             const rest = root.rearrangement.rest;
-            root.offset = Qt.point(root.offset.x * rest, root.offset.y * rest);
+            root.offset = Qt.point(root.offset.x * rest + root.lead.x, root.offset.y * rest + root.lead.y);
+            root.isNewcomer = false;
             root.formerPlace = root.place;
             root.formerID = root.rowID;
         }

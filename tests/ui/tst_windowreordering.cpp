@@ -16,6 +16,9 @@ private Q_SLOTS:
     void theListScrollsBackToItsShiftedTop();
     void aPressWithoutADragMovesNothing();
     void escapePutsTheHeldFolderBack();
+    void aFolderLetGoElsewhereStaysWhereItWas_data();
+    void aFolderLetGoElsewhereStaysWhereItWas();
+    void aFolderLetGoGoesOnFromTheHand();
     void aHeldLockedFolderKeepsItsBadge();
 
 private:
@@ -163,6 +166,47 @@ void WindowReorderingTest::aPressWithoutADragMovesNothing()
     QVERIFY(!shown("heldFolder"));
     letGo();
     QCOMPARE(order(), before);
+}
+
+void WindowReorderingTest::aFolderLetGoElsewhereStaysWhereItWas_data()
+{
+    QTest::addColumn<QPoint>("place"); // in the list
+    QTest::addColumn<bool>("isMoved");
+    QTest::newRow("over the detail") << QPoint(300, 330) << false;
+    QTest::newRow("left of the window") << QPoint(-10, 330) << false;
+    QTest::newRow("far above") << QPoint(100, -60) << false;
+    QTest::newRow("a little above") << QPoint(100, -20) << true;
+}
+
+void WindowReorderingTest::aFolderLetGoElsewhereStaysWhereItWas()
+{
+    QFETCH(QPoint, place);
+    QFETCH(bool, isMoved);
+    take(nameOf(3), 104);
+    QVERIFY(shown("dropMarker"));
+    moveTo(list()->mapToScene(place).toPoint());
+    QCOMPARE(shown("dropMarker") != nullptr, isMoved);
+    QVERIFY(shown("heldFolder"));
+    letGo();
+    QVERIFY(!shown("heldFolder"));
+    QCOMPARE(order() != namesOf(m_folders), isMoved);
+}
+
+void WindowReorderingTest::aFolderLetGoGoesOnFromTheHand()
+{
+    const auto shift
+        = [this](int number) { return m_window->row(nameOf(number))->property("shift").toReal(); };
+    take(nameOf(3), 120); // 16 below the place that it will have
+    letGo();
+    QCOMPARE(order().at(5), nameOf(3));
+    QCOMPARE(shift(3), 16.0);
+    QCOMPARE(shift(4), 52.0); // makes room
+    QTRY_VERIFY(shift(3) == 0 && shift(4) == 0);
+    take(nameOf(3), 12); // not far enough
+    letGo();
+    QCOMPARE(order().at(5), nameOf(3));
+    QCOMPARE(shift(3), 12.0);
+    QTRY_COMPARE(shift(3), 0.0);
 }
 
 void WindowReorderingTest::escapePutsTheHeldFolderBack()

@@ -19,6 +19,7 @@ private Q_SLOTS:
     void selectionAndScrollPositionOutliveAnOutsideChange();
     void rowsFollowTheLibrary();
     void rowsSlideToTheirPlaces();
+    void aNewRowComesAsTheOthersMakeRoom();
     void theSidebarKeepsItsPlace();
     void theSidebarCannotBeDraggedAway_data();
     void theSidebarCannotBeDraggedAway();
@@ -164,6 +165,20 @@ void WindowSidebarTest::rowsSlideToTheirPlaces()
     QCOMPARE(shift(m_a), -step); // seen where it was
     QCOMPARE(shift(m_b), step);
     QTRY_VERIFY(shift(m_a) == 0 && shift(m_b) == 0);
+}
+
+// Or one would be printed over the other.
+void WindowSidebarTest::aNewRowComesAsTheOthersMakeRoom()
+{
+    m_window->installNestlet();
+    m_window->store->refreshPresence();
+    const QQuickItem *const row = m_window->row(QStringLiteral("Nestlet"));
+    QVERIFY(row);
+    QVERIFY(row->opacity() < 0.5);
+    QVERIFY(m_window->row(m_a.name)->property("shift").toReal() < 0);
+    QCOMPARE(m_window->row(m_a.name)->opacity(), 1.0);
+    QTRY_COMPARE(row->opacity(), 1.0);
+    QCOMPARE(m_window->row(m_a.name)->property("shift").toReal(), 0.0);
 }
 
 void WindowSidebarTest::theSidebarKeepsItsPlace()
