@@ -1,14 +1,17 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QTimer>
 
 #include <coroutine>
 #include <deque>
 
 /// Lets work that blocks the main thread take turns with the user's events: each waiting coroutine
-/// gets a pass of the event loop of its own, in the order in which they came. Main thread.
+/// gets a pass of the event loop of its own, in the order in which they came. Where there is a
+/// window, the first after a pause comes when that has shown what has begun. Main thread.
 class EventTurns {
 public:
+    /// At once: nobody waits to see anything. On release: when there is a window.
     enum class Start { AtOnce, OnRelease };
     explicit EventTurns(Start start);
 
@@ -37,5 +40,7 @@ private:
 
     std::deque<std::coroutine_handle<>> m_waiters;
     QTimer m_timer;
+    QElapsedTimer m_sinceLastTurn; ///< invalid: there was none
+    const bool m_hasWindow;
     bool m_isReleased;
 };

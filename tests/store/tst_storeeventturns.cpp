@@ -12,6 +12,7 @@ private Q_SLOTS:
     void grantsTurnsInTheOrderOfAsking();
     void letsOtherEventsInBetweenTwoTurns();
     void waitsForTheRelease();
+    void theWindowShowsWhatHasBegun();
 
 private:
     QCoro::Task<> work(EventTurns &turns, QString name)
@@ -57,6 +58,19 @@ void EventTurnsTest::waitsForTheRelease()
     QCOMPARE(m_log, QStringList());
     turns.release();
     QTRY_COMPARE(m_log, QStringList{QStringLiteral("work")});
+}
+
+void EventTurnsTest::theWindowShowsWhatHasBegun()
+{
+    EventTurns turns(EventTurns::Start::OnRelease);
+    turns.release();
+    work(turns, QStringLiteral("work"));
+    QTimer::singleShot(17, this, [this] { m_log.append(QStringLiteral("frame")); });
+    QTRY_COMPARE(m_log, QStringList({QStringLiteral("frame"), QStringLiteral("work")}));
+    work(turns, QStringLiteral("more")); // goes on with it
+    QTimer::singleShot(17, this, [this] { m_log.append(QStringLiteral("next frame")); });
+    QTRY_COMPARE(m_log.last(), QStringLiteral("next frame"));
+    QCOMPARE(m_log.at(2), QStringLiteral("more"));
 }
 
 QTEST_GUILESS_MAIN(EventTurnsTest)
