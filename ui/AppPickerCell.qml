@@ -18,6 +18,8 @@ Item {
     signal toggled
 
     function toggle() {
+        if (root.alreadyAdded) // it stays enabled, so that the keyboard reaches it
+            return;
         root.isBeingToggled = true;
         root.toggled();
         root.isBeingToggled = false;

@@ -22,7 +22,8 @@ public:
                 [this, &model](const QModelIndex &first, const QModelIndex &last,
                                const QList<int> &roles) {
                     note(u"change", first.row(), last.row());
-                    m_notes.last() += u' ' + names(model, roles);
+                    if (!roles.isEmpty())
+                        m_notes.last() += u' ' + names(model, roles);
                 });
         connect(&model, &QAbstractItemModel::modelReset, this,
                 [this] { m_notes.append(QStringLiteral("reset")); });

@@ -266,7 +266,8 @@ void AppPickerModelTest::togglesARow()
     QCOMPARE(m_model->selectedCount(), 0);
     QCOMPARE(counts.size(), 2);
     QCOMPARE(m_changes->take(),
-             QStringList({QStringLiteral("change 1-1"), QStringLiteral("change 1-1")}));
+             QStringList({QStringLiteral("change 1-1 isSelected"),
+                          QStringLiteral("change 1-1 isSelected")}));
 }
 
 void AppPickerModelTest::handsOutTheChosenInTheOrderOfTheList()

@@ -116,7 +116,10 @@ ViewTest {
         const told = mac.told(cell);
         compare(told.description, "Already added");
         compare(told.states, ["readOnly"]);
-        verify(!cell.enabled);
+        for (const action of ["Press", "Toggle"])
+            mac.act(cell, action);
+        cell.toggle();
+        compare(toggles.count, 0);
     }
     function test_onlyItsTileCanBeHit() {
         const cell = shown({});
