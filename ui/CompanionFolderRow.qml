@@ -25,6 +25,8 @@ Item {
     property bool isPooled: false
     /// How far from its place it is seen, while it slides there.
     property real shift: 0
+    /// It comes out of the hand, above others.
+    property bool isLanding: false
     readonly property bool isDropTargeted: dropTarget.isTargeted
     readonly property string caption: root.isDropTargeted ? qsTr("Drop to add") : root.status
     // Nothing in the accent shows on the accent: what is dropped on a selected row needs another ground.
@@ -78,7 +80,7 @@ Item {
             anchors.leftMargin: Theme.selectionInset
             anchors.rightMargin: Theme.selectionInset
             radius: Theme.buttonRadius
-            color: !root.isSelected ? "transparent" : root.isEmphasized ? Theme.accentFill : Theme.selectedRow
+            color: !root.isSelected ? (root.isLanding ? Theme.menu : "transparent") : root.isEmphasized ? Theme.accentFill : Theme.selectedRow
             border.width: root.targeting > 0 ? 2 : 0
             border.color: Theme.faded(Theme.accent, root.targeting)
         }

@@ -144,6 +144,8 @@ ListView {
         receiver: root.companion
         opacity: (rowItem.isHeld ? 0.35 : 1) * slide.presence
         shift: slide.shift.y
+        isLanding: slide.isLanding
+        z: slide.isLanding ? 1 : 0
         ListView.onPooled: rowItem.isPooled = true
         ListView.onReused: rowItem.isPooled = false
         onPressed: root.forceActiveFocus(Qt.MouseFocusReason)

@@ -15,6 +15,8 @@ QtObject {
     property point lead: Qt.point(0, 0)
     /// How much is seen of the row: one that was not there before comes as the others move.
     readonly property real presence: root.isNewcomer ? 1 - root.rearrangement.rest : 1
+    /// It slides from there, so that others lie under it.
+    readonly property bool isLanding: root.isLed && root.rearrangement.rest > 0
     /// How far from its place the row is seen.
     readonly property point shift: Qt.point(Math.round(root.offset.x * root.rearrangement.rest),
                                             Math.round(root.offset.y * root.rearrangement.rest))
@@ -24,6 +26,7 @@ QtObject {
     property point formerPlace
     property string formerID
     property bool isNewcomer: false
+    property bool isLed: false
 
     function follow() {
         const slides = root.rearrangement.isGoingOn && root.formerID === root.rowID;
@@ -50,6 +53,7 @@ QtObject {
             const rest = root.rearrangement.rest;
             root.offset = Qt.point(root.offset.x * rest + root.lead.x, root.offset.y * rest + root.lead.y);
             root.isNewcomer = false;
+            root.isLed = root.lead.x !== 0 || root.lead.y !== 0;
             root.formerPlace = root.place;
             root.formerID = root.rowID;
         }
