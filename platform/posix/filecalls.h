@@ -12,9 +12,9 @@
 /// Waits until the file's bytes are on the disk. 0, or -1 with errno set.
 [[nodiscard]] int syncData(int descriptor);
 
-/// Lets fresh memory for the many bytes of a file come in large pages, where the system has them:
-/// to touch it page by page takes longer than to copy the bytes there.
-void useLargePages(char *memory, qsizetype size);
+/// Lets fresh memory for the many bytes of a file have its pages at once, where the system can: to
+/// be given them one by one takes longer than to copy the bytes there.
+void populatePages(char *memory, qsizetype size);
 
 /// What a volume was not yet found to refuse while a tree is copied.
 struct CopySupport {

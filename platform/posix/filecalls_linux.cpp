@@ -92,15 +92,16 @@ int syncData(int descriptor)
     return result < 0 && errno == EINVAL ? 0 : result; // a volume that has nothing to wait for
 }
 
-void useLargePages(char *memory, qsizetype size)
+// Not large pages: where the memory is in pieces, they have to be put together first.
+void populatePages(char *memory, qsizetype size)
 {
-    constexpr qsizetype leastSize = 8'000'000; // a few of them: what is over is a small part
+    constexpr qsizetype leastSize = 1'000'000;
     if (size < leastSize)
         return;
     const auto page = static_cast<quintptr>(::sysconf(_SC_PAGESIZE));
     const quintptr offset = (page - reinterpret_cast<quintptr>(memory) % page) % page;
     const size_t length = (static_cast<size_t>(size) - offset) / page * page;
-    ::madvise(memory + offset, length, MADV_HUGEPAGE); // or it stays as it is
+    ::madvise(memory + offset, length, MADV_POPULATE_WRITE); // or it stays as it is
 }
 
 int copyContents(int from, int to, qint64 size, CopySupport &support)

@@ -18,7 +18,7 @@ int syncData(int descriptor)
     return ::fsync(descriptor);
 }
 
-void useLargePages(char *, qsizetype) // the system decides for itself
+void populatePages(char *, qsizetype) // the system decides for itself
 {
 }
 

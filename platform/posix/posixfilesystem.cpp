@@ -165,7 +165,7 @@ QByteArray PosixFileSystem::read(const FileURL &url) const
     qint64 size = 0;
     const FileDescriptor file = openForReading(path, size);
     QByteArray bytes(size + 1, Qt::Uninitialized); // one more, to meet the end without another look
-    useLargePages(bytes.data(), bytes.size());
+    populatePages(bytes.data(), bytes.size());
     qsizetype length = 0;
     for (;;) {
         if (length == bytes.size())
