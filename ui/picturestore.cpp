@@ -12,7 +12,7 @@ QString PictureStore::pictureSource(const DockFolder &folder)
         return {};
     }
     Picture &picture = m_pictures[folder.id];
-    const Base64Bytes &bytes = *folder.customIconData;
+    const Base64Bytes bytes = folder.customIconData.value_or(Base64Bytes());
     if (picture.source.isEmpty() || picture.bytes != bytes)
         picture.source = uuidText(folder.id) + u'/' + QString::number(++m_version);
     picture.bytes = bytes;

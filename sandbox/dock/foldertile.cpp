@@ -68,7 +68,8 @@ void drawGrid(QPainter &painter, const DockFolder &folder, int side)
     const QSizeF cell = place.size() / columns;
     const int iconSide = static_cast<int>(std::lround(cell.width()));
     for (int i = 0; i < columns * columns; ++i) {
-        const QPointF corner(i % columns * cell.width(), i / columns * cell.height());
+        const int row = i / columns;
+        const QPointF corner(i % columns * cell.width(), row * cell.height());
         const QRectF target(place.topLeft() + corner, cell);
         if (i < urls.size())
             painter.drawImage(target, fileIcon(FileURL::fromValidText(urls[i]).path(), iconSide));
