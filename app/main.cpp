@@ -101,7 +101,7 @@ int main(int argc, char *argv[])
     loadFonts(*platform.appearance);
 
     companion.store.start();
-    QObject::connect(&application, &QGuiApplication::applicationStateChanged, &companion.store,
+    QObject::connect(&application, &QGuiApplication::applicationStateChanged, &engine,
                      [&, wasActive = false](Qt::ApplicationState state) mutable {
                          if (state != Qt::ApplicationActive)
                              return;

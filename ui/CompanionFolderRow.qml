@@ -80,7 +80,8 @@ Item {
             anchors.leftMargin: Theme.selectionInset
             anchors.rightMargin: Theme.selectionInset
             radius: Theme.buttonRadius
-            color: !root.isSelected ? (root.isLanding ? Theme.menu : "transparent") : root.isEmphasized ? Theme.accentFill : Theme.selectedRow
+            color: root.isSelected ? (root.isEmphasized ? Theme.accentFill : Theme.selectedRow)
+                                   : root.isLanding ? Theme.menu : "transparent"
             border.width: root.targeting > 0 ? 2 : 0
             border.color: Theme.faded(Theme.accent, root.targeting)
         }

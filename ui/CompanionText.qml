@@ -1,7 +1,7 @@
 import QtQuick
 
-/// A line of text as the window shows it, or lines where it wraps. It is part of a control that has a name: one that stands for
-/// itself sets its role and `Accessible.ignored: false`.
+/// A line of text as the window shows it, or lines where it wraps. It is part of a control that has a
+/// name: one that stands for itself sets its role and `Accessible.ignored: false`.
 Text {
     textFormat: Text.PlainText
     font: Theme.body

@@ -16,13 +16,13 @@ FocusScope {
     /// Between this slot's cell and the next.
     required property real spacing
     required property RowRearrangement rearrangement
-    opacity: slide.presence
     signal focused
     signal pressed
     signal removeRequested
     signal moveRequested(step: int)
     signal dragStarted(cell: FolderItemGridCell)
 
+    opacity: slide.presence
     onActiveFocusChanged: {
         if (root.activeFocus)
             root.focused();

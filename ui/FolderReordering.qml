@@ -30,11 +30,10 @@ Item {
 
     function hold(place: point) {
         const point = root.list.mapFromItem(null, place);
-        const y = point.y;
-        const row = root.list.itemAt(1, y + root.list.contentY) as CompanionFolderRow;
+        const row = root.list.itemAt(1, point.y + root.list.contentY) as CompanionFolderRow;
         if (!row || row.index < root.folders.firstMovableRow)
             return;
-        root.holdOffset = y + root.list.contentY - row.y;
+        root.holdOffset = point.y + root.list.contentY - row.y;
         root.holdPlace = point;
         root.heldRow = row.index;
         root.heldFolderID = row.folderID;

@@ -141,21 +141,18 @@ private:
 
     void changeRows(const QList<Row> &wanted)
     {
+        const QList<int> allRoles = this->roleNames().keys();
         for (int row = 0; row < wanted.size(); ++row) {
             if (m_rows.at(row) == wanted.at(row))
                 continue;
-            const QList<int> roles = differingRoles(m_rows.at(row), wanted.at(row));
+            QList<int> roles = allRoles;
+            roles.removeIf([&](int role) {
+                return value(m_rows.at(row), role) == value(wanted.at(row), role);
+            });
             m_rows[row] = wanted.at(row);
             if (!roles.isEmpty())
                 Q_EMIT dataChanged(index(row), index(row), roles);
         }
-    }
-
-    [[nodiscard]] QList<int> differingRoles(const Row &a, const Row &b) const
-    {
-        QList<int> roles = this->roleNames().keys();
-        roles.removeIf([&](int role) { return value(a, role) == value(b, role); });
-        return roles;
     }
 
     int rowFrom(int start, const ID &id) const

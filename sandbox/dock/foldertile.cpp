@@ -63,7 +63,6 @@ void drawEmptyCell(QPainter &painter, const QRectF &cell)
 void drawGrid(QPainter &painter, const DockFolder &folder, int side)
 {
     const int columns = previewColumns(folder);
-    const QStringList urls = previewURLs(folder);
     const QRectF place = innerSquare(side, 0.8);
     const QSizeF cell = place.size() / columns;
     const int iconSide = static_cast<int>(std::lround(cell.width()));
@@ -71,8 +70,8 @@ void drawGrid(QPainter &painter, const DockFolder &folder, int side)
         const int row = i / columns;
         const QPointF corner(i % columns * cell.width(), row * cell.height());
         const QRectF target(place.topLeft() + corner, cell);
-        if (i < urls.size())
-            painter.drawImage(target, fileIcon(FileURL::fromValidText(urls[i]).path(), iconSide));
+        if (i < folder.items.size())
+            painter.drawImage(target, fileIcon(folder.items.at(i).url.path(), iconSide));
         else
             drawEmptyCell(painter, target);
     }
